@@ -1,0 +1,47 @@
+#include <clocale>
+#include <cstring>
+#include <iostream>
+#include <string>
+#include <vector>
+
+#ifdef _WIN32
+#include <io.h>
+#define ZV_ISATTY _isatty
+#define ZV_FILENO _fileno
+#else
+#include <unistd.h>
+#define ZV_ISATTY isatty
+#define ZV_FILENO fileno
+#endif
+
+#include "cli.h"
+
+namespace {
+
+// The user's separators as the C library reports them for the environment's locale.
+zv::common::NumberSeparators localeSeparators() {
+    zv::common::NumberSeparators seps;
+    if (std::setlocale(LC_NUMERIC, "") == nullptr) {
+        std::setlocale(LC_NUMERIC, "C");
+    }
+    const std::lconv* lc = std::localeconv();
+    seps.decimal = lc != nullptr && lc->decimal_point != nullptr && *lc->decimal_point ? lc->decimal_point : ".";
+    seps.group = lc != nullptr && lc->thousands_sep != nullptr ? lc->thousands_sep : "";
+    if (seps.group.empty() || seps.group == seps.decimal) {
+        // The "C" locale groups nothing; the formats want a grouping character all the same.
+        seps.group = seps.decimal == "," ? "." : ",";
+    }
+    // Formatting is ours from here on; the C library goes back to its plain behaviour.
+    std::setlocale(LC_NUMERIC, "C");
+    return seps;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    std::vector<std::string> args(argv + 1, argv + argc);
+    zv::cli::Environment env;
+    env.localeSeparators = localeSeparators();
+    env.stdinIsTerminal = ZV_ISATTY(ZV_FILENO(stdin)) != 0;
+    return zv::cli::run(args, std::cin, std::cout, std::cerr, env);
+}

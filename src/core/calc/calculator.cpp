@@ -1,0 +1,722 @@
+#include "calc/calculator.h"
+
+#include <charconv>
+#include <cmath>
+
+#include "common/number_format.h"
+#include "common/text_encoding.h"
+
+namespace zv::calc {
+namespace {
+
+constexpr std::size_t kDisplayColumns = 22;
+// Beyond 15 digits a double no longer holds what was typed.
+constexpr std::size_t kMaxDigits = 15;
+// The tape shows at most six decimals; more would make the tape disagree with the total.
+constexpr std::size_t kMaxDecimals = 6;
+constexpr std::string_view kTimes = "\u00D7";   // ×
+constexpr std::string_view kDivide = "\u00F7";  // ÷
+constexpr std::string_view kHeadingTail = " ==============";
+
+std::string_view symbolOf(char op) {
+    switch (op) {
+        case '*':
+            return kTimes;
+        case '/':
+            return kDivide;
+        case '+':
+            return "+";
+        case '-':
+            return "-";
+        case '%':
+            return "%";
+        default:
+            return "=";
+    }
+}
+
+// The operator written as `symbol` at the end of a tape line, or 0.
+char opOfSymbol(std::string_view symbol) {
+    if (symbol == kTimes) {
+        return '*';
+    }
+    if (symbol == kDivide) {
+        return '/';
+    }
+    if (symbol.size() == 1 && std::string_view("+-%=").find(symbol[0]) != std::string_view::npos) {
+        return symbol[0];
+    }
+    return 0;
+}
+
+std::string_view trim(std::string_view s) {
+    while (!s.empty() && s.front() == ' ') {
+        s.remove_prefix(1);
+    }
+    while (!s.empty() && s.back() == ' ') {
+        s.remove_suffix(1);
+    }
+    return s;
+}
+
+std::string padLeft(std::string_view text, std::size_t columns) {
+    const std::size_t length = common::utf8Length(text);
+    std::string out;
+    if (length < columns) {
+        out.assign(columns - length, ' ');
+    }
+    out.append(text);
+    return out;
+}
+
+bool isDigit(char c) { return c >= '0' && c <= '9'; }
+
+// Digits grouped by three from the right, leading zeros dropped ("0" stays).
+std::string groupDigits(std::string_view digits, std::string_view group) {
+    while (digits.size() > 1 && digits.front() == '0') {
+        digits.remove_prefix(1);
+    }
+    if (digits.empty()) {
+        return "0";
+    }
+    std::string out;
+    out.reserve(digits.size() + digits.size() / 3 * group.size());
+    const std::size_t lead = digits.size() % 3 == 0 ? 3 : digits.size() % 3;
+    out.append(digits.substr(0, lead));
+    for (std::size_t i = lead; i < digits.size(); i += 3) {
+        out.append(group).append(digits.substr(i, 3));
+    }
+    return out;
+}
+
+// "hhmmss" digits with ':' before the minutes and the seconds ("13000" -> "01:30:00").
+std::string timeDigits(std::string_view digits) {
+    std::string padded(digits.size() < 6 ? 6 - digits.size() : 0, '0');
+    padded.append(digits);
+    std::string out = padded.substr(0, padded.size() - 4);
+    out.append(":").append(padded.substr(padded.size() - 4, 2));
+    out.append(":").append(padded.substr(padded.size() - 2));
+    return out;
+}
+
+// A duration typed as hhmmss digits, in seconds.
+double hhmmssToSeconds(double hhmmss) {
+    const double n = std::round(std::fabs(hhmmss));
+    const double hours = std::floor(n / 10000);
+    const double minutes = std::fmod(std::floor(n / 100), 100);
+    const double seconds = std::fmod(n, 100);
+    const double total = hours * 3600 + minutes * 60 + seconds;
+    return hhmmss < 0 ? -total : total;
+}
+
+double parseDigits(std::string_view intDigits, std::string_view decDigits) {
+    std::string ascii(intDigits.empty() ? "0" : intDigits);
+    if (!decDigits.empty()) {
+        ascii.append(".").append(decDigits);
+    }
+    double value = 0;
+    std::from_chars(ascii.data(), ascii.data() + ascii.size(), value);
+    return value;
+}
+
+}  // namespace
+
+Calculator::Calculator(common::Regional regional, CalculatorOptions options, CalculatorServices services)
+    : m_regional(std::move(regional)), m_options(options), m_services(services) {
+    refreshDisplay();
+}
+
+int Calculator::Form_KeyPress(int key) {
+    if (m_options.numLock) {
+        // The embedded keypad of a laptop: U I O / J K L / M.
+        switch (key | 0x20) {
+            case 'u':
+                key = '4';
+                break;
+            case 'i':
+                key = '5';
+                break;
+            case 'o':
+                key = '6';
+                break;
+            case 'j':
+                key = '1';
+                break;
+            case 'k':
+                key = '2';
+                break;
+            case 'l':
+                key = '3';
+                break;
+            case 'm':
+                key = '0';
+                break;
+            default:
+                break;
+        }
+    }
+    if (key >= '0' && key <= '9') {
+        typeDigit(static_cast<char>(key));
+        return key;
+    }
+    if (key == key::kBackspace) {
+        backspace();
+        return key;
+    }
+    if (key == key::kEnter) {
+        key = m_options.enter == EnterAction::Plus ? key::kEnterPlus : '=';
+    }
+    switch (key) {
+        case ',':
+        case '.':
+            if (m_options.timeMode) {
+                return 0;
+            }
+            typeSeparator();
+            return key;
+        case key::kEnterPlus:
+        case '+':
+            operatorKey('+');
+            return key;
+        case '-':
+        case '*':
+        case '/':
+        case '%':
+            operatorKey(static_cast<char>(key));
+            return key;
+        case '=':
+            strike();
+            return key;
+        default:
+            return 0;
+    }
+}
+
+void Calculator::type(std::string_view keys) {
+    for (const char c : keys) {
+        Form_KeyPress(static_cast<unsigned char>(c));
+    }
+}
+
+void Calculator::typeDigit(char digit) {
+    m_shownTotal.reset();
+    const std::size_t sepAt = m_entry.find(seps().decimal);
+    std::size_t digits = 0;
+    for (const char c : m_entry) {
+        digits += isDigit(c) ? 1 : 0;
+    }
+    const bool plainDecimals = sepAt != std::string::npos;
+    if (digits >= kMaxDigits ||
+        (plainDecimals && m_entry.size() - sepAt - seps().decimal.size() >= kMaxDecimals)) {
+        return;
+    }
+    if (m_entry == "0" || m_entry == "-0") {
+        m_entry.pop_back();
+    }
+    m_entry += digit;
+    refreshDisplay();
+}
+
+void Calculator::typeSeparator() {
+    m_shownTotal.reset();
+    if (m_entry.find(seps().decimal) != std::string::npos) {
+        return;
+    }
+    if (m_entry.empty() || m_entry == "-") {
+        m_entry += '0';
+    }
+    m_entry += seps().decimal;
+    refreshDisplay();
+}
+
+void Calculator::backspace() {
+    if (m_entry.empty()) {
+        return;
+    }
+    // Drop one whole character: the separator may take several bytes.
+    std::size_t cut = m_entry.size() - 1;
+    while (cut > 0 && (static_cast<unsigned char>(m_entry[cut]) & 0xC0) == 0x80) {
+        --cut;
+    }
+    m_entry.resize(cut);
+    refreshDisplay();
+}
+
+void Calculator::changeSign() {
+    if (m_entry.empty()) {
+        // Right after a struck total the sign key takes the total, negated, as the next amount;
+        // otherwise it starts a negative amount.
+        const std::optional<double> shown = m_shownTotal ? m_shownTotal : std::optional<double>(m_total);
+        if ((m_newTotalNext || m_shownTotal) && !m_options.timeMode && std::isfinite(*shown) && *shown != 0) {
+            m_entry = entryFromValue(-*shown);
+        } else {
+            m_entry = "-";
+        }
+        m_shownTotal.reset();
+    } else if (m_entry.front() == '-') {
+        m_entry.erase(0, 1);
+    } else {
+        m_entry.insert(0, "-");
+    }
+    refreshDisplay();
+}
+
+std::optional<ClearReport> Calculator::clearEntry() {
+    const std::optional<double> shown = displayValue();
+    if (!m_entry.empty() || (shown && *shown != 0)) {
+        m_entry.clear();
+        m_shownTotal.reset();
+        refreshDisplay();
+        return std::nullopt;
+    }
+    return clearTape();
+}
+
+void Calculator::LimpaTudo() {
+    m_entry.clear();
+    m_shownTotal.reset();
+    m_total = 0;
+    m_counter = 0;
+    m_state = TotalState::None;
+    m_pending = '+';
+    m_newTotalNext = false;
+    m_history.clear();
+    m_redo.reset();
+    refreshDisplay();
+}
+
+ClearReport Calculator::clearTape() {
+    ClearReport report;
+    const common::DateTime now = m_services.clock != nullptr ? m_services.clock->now() : common::DateTime{};
+    if (m_options.backup && !m_tape.empty() && m_services.backup != nullptr) {
+        const std::optional<std::uintmax_t> size = m_services.backup->append(backupRecord(m_tape.text(), now));
+        if (!size) {
+            // Without its backup the tape would be lost for good: keep it.
+            report.backupFailed = true;
+            return report;
+        }
+        report.backedUp = true;
+        report.backupTooLarge = *size >= kBackupWarningSize;
+    }
+    LimpaTudo();
+    m_tape.reset(headingLine(now, m_regional.dateOrder, m_regional.dateSeparator));
+    m_engineEnd = m_tape.size();
+    report.cleared = true;
+    return report;
+}
+
+void Calculator::operatorKey(char op) {
+    const std::optional<double> value = entryValue();
+    if (!value || *value == 0) {
+        // No amount: correct the operator of the last line instead. A percent needs an amount
+        // of its own, and a percent line keeps its sign.
+        char last = 0;
+        if (op != '%' && lastLineIsAmount(&last) && last != '%') {
+            rewriteLastOperator(op);
+            m_pending = op;
+        }
+        m_entry.clear();
+        m_shownTotal.reset();
+        refreshDisplay();
+        return;
+    }
+    writeAmountLine(*value, op);
+}
+
+void Calculator::strike() {
+    const std::optional<double> value = entryValue();
+    if (value && *value != 0) {
+        writeAmountLine(*value, '=');
+    } else {
+        if (tapeEndsInTotal()) {
+            // "=" again: close the block and start afresh.
+            std::string line(kSeparatorLine);
+            line.append(kLineEnd);
+            appendEngineText(line);
+            LimpaTudo();
+            return;
+        }
+        char last = 0;
+        if (!lastLineIsAmount(&last)) {
+            m_entry.clear();
+            refreshDisplay();
+            return;
+        }
+        if (last != '%') {
+            rewriteLastOperator('=');
+        }
+        m_pending = '=';
+        m_entry.clear();
+        m_shownTotal.reset();
+        refreshDisplay();
+    }
+    writeTotalBlock();
+}
+
+void Calculator::writeAmountLine(double amount, char op) {
+    m_history.push_back({m_tape.size(), m_total, m_counter, m_state, m_pending, m_newTotalNext});
+    m_redo.reset();
+    std::string line = padLeft(amountText(amount), kAmountColumns);
+    line.append(" ").append(symbolOf(op)).append(kLineEnd);
+    appendEngineText(line);
+    applyLine(amount, op);
+    m_entry.clear();
+    m_shownTotal.reset();
+    refreshDisplay();
+}
+
+void Calculator::applyLine(double amount, char op) {
+    if (m_newTotalNext) {
+        m_total = 0;
+        m_counter = 0;
+        m_pending = '+';
+        m_state = TotalState::None;
+        m_newTotalNext = false;
+    }
+    const bool counted = m_state != TotalState::Error;
+    // In time mode sums work on seconds; a factor or a percentage is the number as typed.
+    const double addend = m_options.timeMode ? hhmmssToSeconds(amount) : amount;
+    const double t = m_total;
+    if (op == '%') {
+        switch (m_pending) {
+            case '+':
+                m_total = t * (1 + amount / 100);
+                break;
+            case '-':
+                m_total = t * ((100 - amount) / 100);
+                break;
+            default:
+                m_total = t * (amount / 100);
+                break;
+        }
+        m_newTotalNext = true;
+    } else {
+        switch (m_pending) {
+            case '+':
+                m_total = t + addend;
+                break;
+            case '-':
+                m_total = t - addend;
+                break;
+            case '*':
+                m_total = t * amount;
+                break;
+            case '/':
+                m_total = t / amount;
+                break;
+            default:
+                break;
+        }
+    }
+    if (counted) {
+        ++m_counter;
+    }
+    m_pending = op;
+    if (overflowed()) {
+        m_state = TotalState::Error;
+    } else {
+        m_state = op == '%' ? TotalState::Struck : TotalState::None;
+    }
+}
+
+void Calculator::writeTotalBlock() {
+    const std::string text = formatTotal(m_total);
+    const bool overflow = m_state == TotalState::Error || common::utf8Length(text) >= kDisplayColumns;
+    std::string block = padLeft(common::utf8Left(text, kDisplayColumns), kAmountColumns);
+    block.append(overflow ? " E" : " T").append(kLineEnd);
+    block.append(kSeparatorLine).append(kLineEnd);
+    appendEngineText(block);
+    m_state = overflow ? TotalState::Error : TotalState::Struck;
+    m_newTotalNext = true;
+}
+
+bool Calculator::canUndo() const { return !m_history.empty() && m_engineEnd == m_tape.size(); }
+
+bool Calculator::undo() {
+    if (!canUndo()) {
+        return false;
+    }
+    const Snapshot snap = m_history.back();
+    m_history.pop_back();
+    std::string_view removed = std::string_view(m_tape.text()).substr(snap.tapeOffset);
+    removed = removed.substr(0, removed.find(kLineEnd));
+    const std::string_view field = common::utf8Left(removed, kAmountColumns);
+    m_redo = RedoLine{std::string(trim(field)), opOfSymbol(trim(removed.substr(field.size())))};
+
+    m_tape.replaceTail(snap.tapeOffset, {});
+    m_engineEnd = m_tape.size();
+    m_total = snap.total;
+    m_counter = snap.counter;
+    m_state = snap.state;
+    m_pending = snap.pending;
+    m_newTotalNext = snap.newTotalNext;
+    m_entry.clear();
+    m_shownTotal = m_total;
+    refreshDisplay();
+    return true;
+}
+
+bool Calculator::redo() {
+    if (!m_redo || m_redo->op == 0 || !fieldValue(m_redo->field)) {
+        return false;
+    }
+    const RedoLine line = *m_redo;
+    m_redo.reset();
+    std::string entry;
+    if (line.field.find(':') != std::string::npos) {
+        for (const char c : line.field) {
+            if (isDigit(c) || c == '-') {
+                entry += c;
+            }
+        }
+    } else {
+        std::string_view rest = line.field;
+        const std::string& group = seps().group;
+        while (!rest.empty()) {
+            if (!group.empty() && rest.starts_with(group)) {
+                rest.remove_prefix(group.size());
+            } else {
+                entry += rest.front();
+                rest.remove_prefix(1);
+            }
+        }
+        if (m_options.format == NumberFormat::Fixed && entry.find(seps().decimal) == std::string::npos) {
+            entry.append(seps().decimal).append("00");
+        }
+    }
+    m_entry = entry;
+    m_shownTotal.reset();
+    Form_KeyPress(line.op);
+    return true;
+}
+
+void Calculator::appendBlock(std::string_view text) {
+    m_tape.append(text);
+    // Undo works on the calculator's own lines; it does not reach across another tool's block.
+    m_history.clear();
+}
+
+void Calculator::loadTape(std::string_view text) {
+    m_tape.reset(text);
+    rebuildFromTape();
+}
+
+void Calculator::rebuildFromTape() {
+    LimpaTudo();
+    const std::string_view text = m_tape.text();
+    bool afterSeparator = false;
+    std::size_t pos = 0;
+    while (pos < text.size()) {
+        std::size_t end = text.find(kLineEnd, pos);
+        if (end == std::string_view::npos) {
+            end = text.size();
+        }
+        const std::string_view line = text.substr(pos, end - pos);
+        const std::string_view field = common::utf8Left(line, kAmountColumns);
+        const std::string_view tail = line.substr(field.size());
+        const bool columns = common::utf8Length(line) == kAmountColumns + 2 && tail.starts_with(" ");
+        const char op = columns ? opOfSymbol(tail.substr(1)) : 0;
+        const std::optional<double> amount = op != 0 ? fieldValue(trim(field)) : std::nullopt;
+        if (amount) {
+            m_history.push_back({pos, m_total, m_counter, m_state, m_pending, m_newTotalNext});
+            applyLine(*amount, op);
+            afterSeparator = false;
+        } else if (columns && (tail == " T" || tail == " E") && !trim(field).empty()) {
+            m_state = tail == " E" ? TotalState::Error : TotalState::Struck;
+            m_newTotalNext = true;
+            afterSeparator = false;
+        } else if (line == kSeparatorLine) {
+            if (afterSeparator) {
+                LimpaTudo();
+            }
+            afterSeparator = true;
+        } else if (!line.starts_with(" ") && line.ends_with(kHeadingTail)) {
+            LimpaTudo();
+            afterSeparator = false;
+        } else {
+            m_history.clear();
+            afterSeparator = false;
+        }
+        pos = end + kLineEnd.size();
+    }
+    m_engineEnd = m_tape.size();
+    refreshDisplay();
+}
+
+void Calculator::setOptions(const CalculatorOptions& options) {
+    const bool modeChanged = options.timeMode != m_options.timeMode;
+    m_options = options;
+    if (modeChanged) {
+        // What was typed for one mode means something else in the other.
+        m_entry.clear();
+    }
+    refreshDisplay();
+}
+
+std::string Calculator::counterText() const {
+    return common::formatNumber(m_counter, common::pattern::kCounter, seps());
+}
+
+std::string Calculator::totalText() const { return formatTotal(m_total); }
+
+std::optional<double> Calculator::displayValue() const {
+    if (m_shownTotal) {
+        return m_shownTotal;
+    }
+    return entryValue();
+}
+
+std::optional<double> Calculator::entryValue() const {
+    std::string_view body = m_entry;
+    const bool negative = body.starts_with("-");
+    if (negative) {
+        body.remove_prefix(1);
+    }
+    if (body.empty()) {
+        return std::nullopt;
+    }
+    const std::size_t sepAt = body.find(seps().decimal);
+    double value;
+    if (sepAt != std::string_view::npos) {
+        value = parseDigits(body.substr(0, sepAt), body.substr(sepAt + seps().decimal.size()));
+    } else if (m_options.format == NumberFormat::Fixed && !m_options.timeMode) {
+        value = parseDigits(body, {}) / 100;
+    } else {
+        value = parseDigits(body, {});
+    }
+    return negative ? -value : value;
+}
+
+std::optional<double> Calculator::fieldValue(std::string_view field) const {
+    if (field.find(':') != std::string_view::npos) {
+        std::string digits;
+        for (const char c : field) {
+            if (isDigit(c)) {
+                digits += c;
+            } else if (c != ':' && c != '-') {
+                return std::nullopt;
+            }
+        }
+        if (digits.empty()) {
+            return std::nullopt;
+        }
+        const double value = parseDigits(digits, {});
+        return field.starts_with("-") ? -value : value;
+    }
+    return common::parseNumber(field, seps());
+}
+
+std::string Calculator::entryFromValue(double value) const {
+    std::string entry = common::formatNumber(value, "0.######", seps());
+    if (m_options.format == NumberFormat::Fixed && entry.find(seps().decimal) == std::string::npos) {
+        entry.append(seps().decimal).append("00");
+    }
+    return entry;
+}
+
+void Calculator::refreshDisplay() {
+    std::string text;
+    if (m_shownTotal) {
+        text = formatTotal(*m_shownTotal);
+    } else {
+        std::string_view body = m_entry;
+        const bool negative = body.starts_with("-");
+        if (negative) {
+            body.remove_prefix(1);
+        }
+        const std::size_t sepAt = body.find(seps().decimal);
+        if (m_options.timeMode) {
+            text = timeDigits(body);
+        } else if (sepAt == std::string_view::npos && m_options.format == NumberFormat::Fixed) {
+            std::string digits(body.size() < 3 ? 3 - body.size() : 0, '0');
+            digits.append(body);
+            text = groupDigits(std::string_view(digits).substr(0, digits.size() - 2), seps().group);
+            text.append(seps().decimal).append(digits.substr(digits.size() - 2));
+        } else if (sepAt == std::string_view::npos) {
+            text = groupDigits(body, seps().group);
+        } else {
+            text = groupDigits(body.substr(0, sepAt), seps().group);
+            text.append(body.substr(sepAt));
+        }
+        if (negative) {
+            text.insert(0, "-");
+        }
+    }
+    m_display.assign(common::utf8Left(text, kDisplayColumns));
+}
+
+bool Calculator::overflowed() const {
+    return !std::isfinite(m_total) || common::utf8Length(formatTotal(m_total)) >= kDisplayColumns;
+}
+
+std::string Calculator::amountText(double value) const {
+    if (m_options.timeMode) {
+        return common::formatNumber(value, common::pattern::kTime, seps());
+    }
+    return common::formatNumber(
+        value, m_options.format == NumberFormat::Numeral ? common::pattern::kNumeral : common::pattern::kCurrency,
+        seps());
+}
+
+std::string Calculator::formatTotal(double value) const {
+    if (!std::isfinite(value)) {
+        return "E";
+    }
+    if (m_options.timeMode) {
+        const double seconds = std::round(std::fabs(value));
+        const double hours = std::floor(seconds / 3600);
+        const double minutes = std::floor(std::fmod(seconds, 3600) / 60);
+        const double rest = std::fmod(seconds, 60);
+        std::string text =
+            common::formatNumber(hours * 10000 + minutes * 100 + rest, common::pattern::kTime, seps());
+        if (value < 0 && seconds > 0) {
+            text.insert(0, "-");
+        }
+        return text;
+    }
+    return amountText(value);
+}
+
+bool Calculator::lastLineIsAmount(char* op) const {
+    const std::string_view line = m_tape.lastLine();
+    if (common::utf8Length(line) != kAmountColumns + 2) {
+        return false;
+    }
+    const std::string_view field = common::utf8Left(line, kAmountColumns);
+    const std::string_view tail = line.substr(field.size());
+    if (!tail.starts_with(" ")) {
+        return false;
+    }
+    const char found = opOfSymbol(tail.substr(1));
+    if (found == 0 || !fieldValue(trim(field))) {
+        return false;
+    }
+    if (op != nullptr) {
+        *op = found;
+    }
+    return true;
+}
+
+bool Calculator::tapeEndsInTotal() const {
+    const std::string_view line = m_tape.lastLine();
+    if (line == kSeparatorLine) {
+        return true;
+    }
+    return common::utf8Length(line) == kAmountColumns + 2 && (line.ends_with(" T") || line.ends_with(" E"));
+}
+
+void Calculator::rewriteLastOperator(char op) {
+    const std::size_t start = m_tape.lastLineStart();
+    const std::string_view line = m_tape.lastLine();
+    std::string rewritten(common::utf8Left(line, kAmountColumns));
+    rewritten.append(" ").append(symbolOf(op)).append(kLineEnd);
+    m_tape.replaceTail(start, rewritten);
+    m_engineEnd = m_tape.size();
+}
+
+void Calculator::appendEngineText(std::string_view text) {
+    m_tape.append(text);
+    m_engineEnd = m_tape.size();
+}
+
+}  // namespace zv::calc

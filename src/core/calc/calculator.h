@@ -1,0 +1,163 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "calc/backup_file.h"
+#include "calc/tape.h"
+#include "common/clock.h"
+#include "common/regional.h"
+
+namespace zv::calc {
+
+// Keys outside the printable range that Form_KeyPress understands.
+namespace key {
+inline constexpr int kEnterPlus = 2;  // Enter while it acts as plus
+inline constexpr int kBackspace = 8;
+inline constexpr int kEnter = 13;
+}  // namespace key
+
+enum class NumberFormat { Floating = 0, Fixed = 1, Numeral = 2 };
+enum class EnterAction { Plus, Equals };
+enum class TotalState { None, Struck, Error };  // the total label's tag: "", "T", "E"
+
+struct CalculatorOptions {
+    NumberFormat format = NumberFormat::Floating;
+    EnterAction enter = EnterAction::Equals;
+    bool numLock = false;   // laptop keypad letters act as digits
+    bool timeMode = false;  // amounts are durations typed as hhmmss
+    bool backup = true;     // clearing the tape appends it to the backup store
+};
+
+// What a clear of the tape did.
+struct ClearReport {
+    bool cleared = false;        // false only when the backup failed: the tape was kept
+    bool backedUp = false;       // a record was appended to the backup store
+    bool backupFailed = false;   // the backup store could not be written
+    bool backupTooLarge = false; // the store reached kBackupWarningSize: warn and show it
+};
+
+// Services the calculator reaches outside itself; both may be null (no backup, fixed clock).
+struct CalculatorServices {
+    const common::Clock* clock = nullptr;
+    BackupStore* backup = nullptr;
+};
+
+// The printing adding machine: entry, display, running total, item counter and the tape.
+// Every key goes through Form_KeyPress; each operator appends one tape line (or rewrites the
+// last line's operator) and the total follows the lines strictly from left to right.
+class Calculator {
+public:
+    explicit Calculator(common::Regional regional, CalculatorOptions options = {},
+                        CalculatorServices services = {});
+
+    // One keystroke (a character code, or a code of namespace key). Returns the key as it was
+    // understood after mapping (a laptop letter becomes its digit, Enter becomes kEnterPlus or
+    // '='), or 0 when the key was swallowed.
+    int Form_KeyPress(int key);
+    // Types every character of `keys` in turn.
+    void type(std::string_view keys);
+
+    // The keypad's keys that are not characters.
+    void changeSign();
+    // Clears the entry; on a display that already shows zero clears the tape and everything.
+    std::optional<ClearReport> clearEntry();
+    void backspace();
+
+    // Clears entry, display, counter and total; the tape keeps its lines.
+    void LimpaTudo();
+    // Clears the tape (with a backup record when the option is on) and starts it anew with
+    // its heading line.
+    ClearReport clearTape();
+
+    bool canUndo() const;
+    bool canRedo() const { return m_redo.has_value(); }
+    // Removes the last amount line (a struck total goes with its "=" line) and restores the
+    // state that stood before it.
+    bool undo();
+    // Types the line removed by the last undo again.
+    bool redo();
+
+    // A block of text from another tool, appended as whole lines.
+    void appendBlock(std::string_view text);
+    // Replaces the tape (loaded from its file, or edited) and works the total out from it.
+    void loadTape(std::string_view text);
+
+    void setOptions(const CalculatorOptions& options);
+    const CalculatorOptions& options() const { return m_options; }
+
+    const Tape& tape() const { return m_tape; }
+    // Every later change of the tape goes to the sink as well (the tape file).
+    void setTapeSink(TapeSink* sink) { m_tape.setSink(sink); }
+    const std::string& entry() const { return m_entry; }
+    // lblVisor(0): the entry formatted for reading, cut to 22 characters.
+    const std::string& display() const { return m_display; }
+    // lblVisor(1): the item counter, "000".
+    std::string counterText() const;
+    int counter() const { return m_counter; }
+    // lblTotal: the running total in the chosen format ("E" when it is not a number).
+    std::string totalText() const;
+    double total() const { return m_total; }
+    TotalState state() const { return m_state; }
+    // The value of the display: the entry's amount, or after undo the restored total.
+    std::optional<double> displayValue() const;
+
+private:
+    // The engine's state just before an amount line was written; undo goes back to it.
+    struct Snapshot {
+        std::size_t tapeOffset;  // where the line began
+        double total;
+        int counter;
+        TotalState state;
+        char pending;
+        bool newTotalNext;
+    };
+
+    void operatorKey(char op);
+    void strike();
+    void typeDigit(char digit);
+    void typeSeparator();
+    void writeAmountLine(double amount, char op);
+    void applyLine(double amount, char op);
+    void writeTotalBlock();
+    void refreshDisplay();
+    bool overflowed() const;
+    std::string amountText(double value) const;
+    std::string formatTotal(double value) const;
+    std::string entryFromValue(double value) const;
+    std::optional<double> entryValue() const;
+    std::optional<double> fieldValue(std::string_view field) const;
+    bool lastLineIsAmount(char* op = nullptr) const;
+    bool tapeEndsInTotal() const;
+    void rewriteLastOperator(char op);
+    void appendEngineText(std::string_view text);
+    void rebuildFromTape();
+    const common::NumberSeparators& seps() const { return m_regional.separators; }
+
+    common::Regional m_regional;
+    CalculatorOptions m_options;
+    CalculatorServices m_services;
+    Tape m_tape;
+
+    std::string m_entry;
+    std::string m_display;
+    std::optional<double> m_shownTotal;  // set when the display shows a total (after undo)
+    double m_total = 0;
+    int m_counter = 0;
+    TotalState m_state = TotalState::None;
+    char m_pending = '+';  // '+', '-', '*', '/', '%', '=' or 0 (none)
+    bool m_newTotalNext = false;  // a total was struck: the next amount starts a new one
+
+    std::vector<Snapshot> m_history;
+    std::size_t m_engineEnd = 0;           // tape size after the calculator's last own write
+    struct RedoLine {
+        std::string field;  // the 24-column amount field, trimmed
+        char op;
+    };
+    std::optional<RedoLine> m_redo;
+};
+
+}  // namespace zv::calc

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "calc/tape_sink.h"
+#include "common/clock.h"
+#include "common/regional.h"
+
+namespace zv::calc {
+
+inline constexpr std::string_view kLineEnd = "\r\n";
+inline constexpr std::string_view kSeparatorLine = " =========================";  // a space and 25 '='
+inline constexpr std::size_t kAmountColumns = 24;
+
+// The paper tape: UTF-8 text of lines each ended by CR LF. Every change goes through here and
+// is passed on to the sink, if any. No operation copies or rescans the whole text except find,
+// reset and the text accessors that return it.
+class Tape {
+public:
+    const std::string& text() const { return m_text; }
+    bool empty() const { return m_text.empty(); }
+    std::size_t size() const { return m_text.size(); }
+
+    // Adds text at the end. Text that does not end in a line break is completed with CR LF,
+    // so that the tape always holds whole lines.
+    void append(std::string_view text);
+    // Replaces everything from `offset` (a line start) to the end with `text` (whole lines).
+    void replaceTail(std::size_t offset, std::string_view text);
+    // Replaces the whole tape. Line ends are normalised to CR LF.
+    void reset(std::string_view text);
+
+    // The last line without its line end, and where it starts; empty/0 on an empty tape.
+    std::string_view lastLine() const;
+    std::size_t lastLineStart() const;
+
+    // First match of `needle` at or after byte `from`, ignoring case (both sides compared in
+    // upper case, accented letters included). Returns the byte offset.
+    std::optional<std::size_t> find(std::string_view needle, std::size_t from = 0) const;
+
+    // The sink is not owned; pass nullptr to detach.
+    void setSink(TapeSink* sink) { m_sink = sink; }
+
+private:
+    std::string m_text;
+    TapeSink* m_sink = nullptr;
+};
+
+// Tape text with every line end normalised to CR LF and a final line break added if missing.
+std::string normaliseLineEnds(std::string_view text);
+
+// The record appended to the backup file when a tape is cleared: the tape, a line
+// "        BKP = hh:mm:ss hs." and the separator line.
+std::string backupRecord(std::string_view tapeText, const common::DateTime& now);
+
+// The first line of a fresh tape: the date in the user's order and " ==============".
+std::string headingLine(const common::DateTime& now, common::DateOrder order = common::DateOrder::DayMonthYear,
+                        std::string_view dateSeparator = "/");
+
+}  // namespace zv::calc
