@@ -1,0 +1,32 @@
+#pragma once
+
+#include <string>
+
+#include "calc/tape_sink.h"
+
+namespace zv::fakes {
+
+// Applies every change it is told about to its own copy, the way the tape file does.
+class MirrorSink final : public calc::TapeSink {
+public:
+    void replaceTail(std::size_t offset, std::string_view text) override {
+        ++changes;
+        if (offset > copy.size()) {
+            offsetBeyondEnd = true;
+            offset = copy.size();
+        }
+        copy.resize(offset);
+        copy.append(text);
+    }
+    void reset(std::string_view wholeText) override {
+        ++resets;
+        copy.assign(wholeText);
+    }
+
+    std::string copy;
+    int changes = 0;
+    int resets = 0;
+    bool offsetBeyondEnd = false;
+};
+
+}  // namespace zv::fakes
