@@ -250,13 +250,13 @@ void Calculator::changeSign() {
         if ((m_newTotalNext || m_shownTotal) && !m_options.timeMode && std::isfinite(*shown) && *shown != 0) {
             m_entry = entryFromValue(-*shown);
         } else {
-            m_entry = "-";
+            m_entry.assign(1, '-');
         }
         m_shownTotal.reset();
     } else if (m_entry.front() == '-') {
         m_entry.erase(0, 1);
     } else {
-        m_entry.insert(0, "-");
+        m_entry = "-" + m_entry;
     }
     refreshDisplay();
 }
@@ -639,14 +639,21 @@ void Calculator::refreshDisplay() {
             text.append(body.substr(sepAt));
         }
         if (negative) {
-            text.insert(0, "-");
+            text = "-" + text;
         }
     }
     m_display.assign(common::utf8Left(text, kDisplayColumns));
 }
 
 bool Calculator::overflowed() const {
-    return !std::isfinite(m_total) || common::utf8Length(formatTotal(m_total)) >= kDisplayColumns;
+    if (!std::isfinite(m_total)) {
+        return true;
+    }
+    // Below 1e10 even six decimals, the grouping and a sign stay within 21 columns.
+    if (!m_options.timeMode && std::fabs(m_total) < 1e10) {
+        return false;
+    }
+    return common::utf8Length(formatTotal(m_total)) >= kDisplayColumns;
 }
 
 std::string Calculator::amountText(double value) const {
@@ -670,7 +677,7 @@ std::string Calculator::formatTotal(double value) const {
         std::string text =
             common::formatNumber(hours * 10000 + minutes * 100 + rest, common::pattern::kTime, seps());
         if (value < 0 && seconds > 0) {
-            text.insert(0, "-");
+            text = "-" + text;
         }
         return text;
     }
