@@ -106,6 +106,16 @@ void draw(const calc::Calculator& calc, std::string_view message) {
     std::cout << screen << std::flush;
 }
 
+std::string clearMessage(const calc::ClearReport& report, common::Language language) {
+    if (report.backupFailed) {
+        return common::GetText(language, common::txt::kBackupWriteFailed);
+    }
+    if (report.backupTooLarge) {
+        return common::GetText(language, common::txt::kBackupTooLarge);
+    }
+    return {};
+}
+
 }  // namespace
 
 int runTerminal(const common::Regional& regional, const calc::CalculatorOptions& options) {
@@ -161,8 +171,8 @@ int runTerminal(const common::Regional& regional, const calc::CalculatorOptions&
             }
             if (seq == "[3~") {
                 key = 0;
-                if (const auto report = calc.clearEntry(); report && report->backupTooLarge) {
-                    message = common::GetText(regional.language, common::txt::kBackupTooLarge);
+                if (const auto report = calc.clearEntry()) {
+                    message = clearMessage(*report, regional.language);
                 }
             }
             draw(calc, message);
@@ -189,13 +199,9 @@ int runTerminal(const common::Regional& regional, const calc::CalculatorOptions&
             case kCtrlY:
                 calc.redo();
                 break;
-            case kCtrlL: {
-                const calc::ClearReport report = calc.clearTape();
-                if (report.backupTooLarge) {
-                    message = common::GetText(regional.language, common::txt::kBackupTooLarge);
-                }
+            case kCtrlL:
+                message = clearMessage(calc.clearTape(), regional.language);
                 break;
-            }
             default:
                 calc.Form_KeyPress(key);
                 break;

@@ -55,6 +55,7 @@ inline constexpr int kWaitForPrinter = 232;       // "Aguarde o término da impr
 inline constexpr int kMnuPortuguese = 233;
 inline constexpr int kMnuEnglish = 234;
 inline constexpr int kMnuSpanish = 235;
+inline constexpr int kBackupWriteFailed = 236;   // the backup failed, so the tape was kept
 }  // namespace txt
 
 }  // namespace zv::common

@@ -92,5 +92,32 @@ TEST(TapeRecords, BackupRecordAndHeading) {
     EXPECT_EQ(headingLine(now, common::DateOrder::YearMonthDay, "."), "2026.03.07 ==============\r\n");
 }
 
+TEST(RollPrinter, AcceptsOnlyTheKnownPorts) {
+    struct Case {
+        const char* label;
+        const char* answer;
+        std::optional<std::string> port;
+    };
+    const Case cases[] = {
+        {"as offered", "LPT1", "LPT1"},
+        {"lower case", "lpt2", "LPT2"},
+        {"blanks removed", " com 3 ", "COM3"},
+        {"COM4 too", "Com4", "COM4"},
+        {"no LPT3", "LPT3", std::nullopt},
+        {"no COM5", "COM5", std::nullopt},
+        {"empty", "", std::nullopt},
+        {"a device path", "/dev/lp0", std::nullopt},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.label);
+        EXPECT_EQ(acceptRollPort(c.answer), c.port);
+    }
+}
+
+TEST(RollPrinter, PlainSignsAndSingleByteText) {
+    EXPECT_EQ(rollPrinterText("    3,00 \u00D7\r\n    4,00 \u00F7\nCAPITALIZA\u00C7\u00C3O"),
+              "    3,00 *\r\n    4,00 /\r\nCAPITALIZA\xC7\xC3O\r\n");
+}
+
 }  // namespace
 }  // namespace zv::calc
