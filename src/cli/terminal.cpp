@@ -9,6 +9,7 @@
 #include "calc/tape_file.h"
 #include "common/clock.h"
 #include "common/text_table.h"
+#include "copy_lock.h"
 #include "data_folder.h"
 
 #ifndef _WIN32
@@ -124,7 +125,13 @@ int runTerminal(const common::Regional& regional, const calc::CalculatorOptions&
     calc::BackupFile backup(folder / std::string(calc::kBackupFileName));
     calc::Calculator calc(regional, options, {&clock, &backup});
 
-    const std::filesystem::path tapePath = calc::tapeFilePath(folder, "");
+    // A second copy running at the same time keeps a tape file of its own.
+    const std::optional<platform::CopyLock> lock = platform::CopyLock::acquire(folder);
+    if (!lock) {
+        std::cerr << "zavrello-cli: cannot lock a tape file in " << folder.string() << '\n';
+        return 1;
+    }
+    const std::filesystem::path tapePath = calc::tapeFilePath(folder, lock->suffix());
     const std::optional<std::string> saved = calc::loadTape(tapePath);
     if (!saved) {
         std::cerr << "zavrello-cli: cannot read " << tapePath.string() << '\n';

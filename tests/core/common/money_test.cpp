@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 namespace zv::common {
 namespace {
 
@@ -23,6 +25,8 @@ TEST(FormatMoney, UsesTheFixedPatternWithTheUsersSeparators) {
         {"negative", -0.5, kBrazil, "-0,50"},
         {"zero", 0, kUs, "0.00"},
         {"negative dust is zero", -0.001, kBrazil, "0,00"},
+        {"not a number", std::nan(""), kUs, "0,00"},
+        {"infinity", HUGE_VAL, kBrazil, "0,00"},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.label);
