@@ -367,9 +367,12 @@ void Calculator::writeAmountLine(double amount, char op) {
 
 void Calculator::applyLine(double amount, char op) {
     if (m_newTotalNext) {
-        m_total = 0;
+        // A new total starts, except that a percentage right after a total is that total's share.
+        if (op != '%' || !std::isfinite(m_total)) {
+            m_total = 0;
+            m_pending = '+';
+        }
         m_counter = 0;
-        m_pending = '+';
         m_state = TotalState::None;
         m_newTotalNext = false;
     }

@@ -84,6 +84,13 @@ TEST(Percent, DependsOnTheOperatorBeforeIt) {
     }
 }
 
+TEST(Percent, RightAfterATotalIsTheTotalsShare) {
+    const Calculator calc = typed("150+50=10%");
+    EXPECT_DOUBLE_EQ(calc.total(), 20);
+    EXPECT_EQ(calc.state(), TotalState::Struck);
+    EXPECT_EQ(calc.counterText(), "001");
+}
+
 TEST(Percent, EqualsAfterItStrikesWithoutRelabellingTheLine) {
     const Calculator calc = typed("5+10%=");
     EXPECT_EQ(calc.tape().text(), line("5,00", "+") + line("10,00", "%") + line("5,50", "T") + kSep);
