@@ -226,8 +226,9 @@ int runTape(const Options& o, std::istream& in, std::ostream& out, const Environ
     }
     const std::string_view state = stateText(calc.state());
     if (o.json) {
-        out << "{\"tape\": " << jsonString(calc.tape().text()) << ", \"total\": " << jsonString(calc.totalText())
-            << ", \"state\": " << jsonString(state) << ", \"counter\": " << jsonString(calc.counterText())
+        out << "{\"tape\": " << jsonString(calc.tape().text())
+            << ", \"total\": " << jsonString(calc.totalText()) << ", \"state\": " << jsonString(state)
+            << ", \"counter\": " << jsonString(calc.counterText())
             << ", \"display\": " << jsonString(calc.display()) << "}\n";
     } else {
         out << toLf(calc.tape().text());

@@ -25,7 +25,8 @@ zv::common::NumberSeparators localeSeparators() {
         std::setlocale(LC_NUMERIC, "C");
     }
     const std::lconv* lc = std::localeconv();
-    seps.decimal = lc != nullptr && lc->decimal_point != nullptr && *lc->decimal_point ? lc->decimal_point : ".";
+    seps.decimal =
+        lc != nullptr && lc->decimal_point != nullptr && *lc->decimal_point ? lc->decimal_point : ".";
     seps.group = lc != nullptr && lc->thousands_sep != nullptr ? lc->thousands_sep : "";
     if (seps.group.empty() || seps.group == seps.decimal) {
         // The "C" locale groups nothing; the formats want a grouping character all the same.

@@ -66,8 +66,12 @@ int readKey() {
     return read(STDIN_FILENO, &c, 1) == 1 ? c : -1;
 }
 #else
-int terminalRows() { return 24; }
-int readKey() { return std::getchar(); }
+int terminalRows() {
+    return 24;
+}
+int readKey() {
+    return std::getchar();
+}
 #endif
 
 // The last `rows` lines of the tape, with LF line ends.

@@ -55,7 +55,8 @@ std::optional<CopyLock> CopyLock::acquire(const std::filesystem::path& dataFolde
     return std::nullopt;
 }
 
-CopyLock::CopyLock(CopyLock&& other) noexcept : m_handle(other.m_handle), m_suffix(std::move(other.m_suffix)) {
+CopyLock::CopyLock(CopyLock&& other) noexcept
+    : m_handle(other.m_handle), m_suffix(std::move(other.m_suffix)) {
     other.m_handle = kNoHandle;
 }
 

@@ -24,14 +24,13 @@ std::string slurp(const std::filesystem::path& path) {
 }
 
 // `args` is shell text (quote what needs quoting); `input` goes to standard input.
-Result cli(const std::string& args, const std::string& input = "", const std::string& env = "LC_ALL=C.UTF-8") {
+Result cli(const std::string& args, const std::string& input = "",
+           const std::string& env = "LC_ALL=C.UTF-8") {
     const std::filesystem::path dir = std::filesystem::temp_directory_path() / "zv-cli-test";
     std::filesystem::create_directories(dir);
-    {
-        std::ofstream(dir / "in", std::ios::binary) << input;
-    }
-    const std::string command = "env " + env + " " + ZV_CLI + " " + args + " <" + (dir / "in").string() + " >" +
-                                (dir / "out").string() + " 2>" + (dir / "err").string();
+    { std::ofstream(dir / "in", std::ios::binary) << input; }
+    const std::string command = "env " + env + " " + ZV_CLI + " " + args + " <" + (dir / "in").string() +
+                                " >" + (dir / "out").string() + " 2>" + (dir / "err").string();
     const int status = std::system(command.c_str());
     Result r;
     r.code = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
@@ -140,7 +139,8 @@ TEST(CliText, PrintsTheTextInTheChosenLanguage) {
         std::string out;
     };
     const Case cases[] = {
-        {"argument in place", "text 39 18:30:00", "Deseja realmente desligar o computador \u00E0s 18:30:00 hs. ?\n"},
+        {"argument in place", "text 39 18:30:00",
+         "Deseja realmente desligar o computador \u00E0s 18:30:00 hs. ?\n"},
         {"line breaks become LF", "--lang en text 4",
          "Calculation list is full.\n\nDo you want to erase all the calculations on the list?\n"},
         {"Spanish", "--lang es text 18", "Fin de la b\u00FAsqueda\n"},

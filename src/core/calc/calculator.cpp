@@ -69,7 +69,9 @@ std::string padLeft(std::string_view text, std::size_t columns) {
     return out;
 }
 
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
+bool isDigit(char c) {
+    return c >= '0' && c <= '9';
+}
 
 // Digits grouped by three from the right, leading zeros dropped ("0" stays).
 std::string groupDigits(std::string_view digits, std::string_view group) {
@@ -289,7 +291,8 @@ ClearReport Calculator::clearTape() {
     ClearReport report;
     const common::DateTime now = m_services.clock != nullptr ? m_services.clock->now() : common::DateTime{};
     if (m_options.backup && !m_tape.empty() && m_services.backup != nullptr) {
-        const std::optional<std::uintmax_t> size = m_services.backup->append(backupRecord(m_tape.text(), now));
+        const std::optional<std::uintmax_t> size =
+            m_services.backup->append(backupRecord(m_tape.text(), now));
         if (!size) {
             // Without its backup the tape would be lost for good: keep it.
             report.backupFailed = true;
@@ -433,7 +436,9 @@ void Calculator::writeTotalBlock() {
     m_newTotalNext = true;
 }
 
-bool Calculator::canUndo() const { return !m_history.empty() && m_engineEnd == m_tape.size(); }
+bool Calculator::canUndo() const {
+    return !m_history.empty() && m_engineEnd == m_tape.size();
+}
 
 bool Calculator::undo() {
     if (!canUndo()) {
@@ -560,7 +565,9 @@ std::string Calculator::counterText() const {
     return common::formatNumber(m_counter, common::pattern::kCounter, seps());
 }
 
-std::string Calculator::totalText() const { return formatTotal(m_total); }
+std::string Calculator::totalText() const {
+    return formatTotal(m_total);
+}
 
 std::optional<double> Calculator::displayValue() const {
     if (m_shownTotal) {
@@ -664,7 +671,8 @@ std::string Calculator::amountText(double value) const {
         return common::formatNumber(value, common::pattern::kTime, seps());
     }
     return common::formatNumber(
-        value, m_options.format == NumberFormat::Numeral ? common::pattern::kNumeral : common::pattern::kCurrency,
+        value,
+        m_options.format == NumberFormat::Numeral ? common::pattern::kNumeral : common::pattern::kCurrency,
         seps());
 }
 

@@ -34,10 +34,10 @@ struct CalculatorOptions {
 
 // What a clear of the tape did.
 struct ClearReport {
-    bool cleared = false;        // false only when the backup failed: the tape was kept
-    bool backedUp = false;       // a record was appended to the backup store
-    bool backupFailed = false;   // the backup store could not be written
-    bool backupTooLarge = false; // the store reached kBackupWarningSize: warn and show it
+    bool cleared = false;         // false only when the backup failed: the tape was kept
+    bool backedUp = false;        // a record was appended to the backup store
+    bool backupFailed = false;    // the backup store could not be written
+    bool backupTooLarge = false;  // the store reached kBackupWarningSize: warn and show it
 };
 
 // Services the calculator reaches outside itself; both may be null (no backup, fixed clock).
@@ -148,11 +148,11 @@ private:
     double m_total = 0;
     int m_counter = 0;
     TotalState m_state = TotalState::None;
-    char m_pending = '+';  // '+', '-', '*', '/', '%', '=' or 0 (none)
+    char m_pending = '+';         // '+', '-', '*', '/', '%', '=' or 0 (none)
     bool m_newTotalNext = false;  // a total was struck: the next amount starts a new one
 
     std::vector<Snapshot> m_history;
-    std::size_t m_engineEnd = 0;           // tape size after the calculator's last own write
+    std::size_t m_engineEnd = 0;  // tape size after the calculator's last own write
     struct RedoLine {
         std::string field;  // the 24-column amount field, trimmed
         char op;

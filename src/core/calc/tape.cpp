@@ -110,7 +110,8 @@ std::string backupRecord(std::string_view tapeText, const common::DateTime& now)
     return record;
 }
 
-std::string headingLine(const common::DateTime& now, common::DateOrder order, std::string_view dateSeparator) {
+std::string headingLine(const common::DateTime& now, common::DateOrder order,
+                        std::string_view dateSeparator) {
     char day[8];
     char month[8];
     char year[8];

@@ -56,7 +56,8 @@ std::string normaliseLineEnds(std::string_view text);
 std::string backupRecord(std::string_view tapeText, const common::DateTime& now);
 
 // The first line of a fresh tape: the date in the user's order and " ==============".
-std::string headingLine(const common::DateTime& now, common::DateOrder order = common::DateOrder::DayMonthYear,
+std::string headingLine(const common::DateTime& now,
+                        common::DateOrder order = common::DateOrder::DayMonthYear,
                         std::string_view dateSeparator = "/");
 
 // The port a paper-roll printer hangs on, from what the user typed: blanks removed, upper case,

@@ -13,7 +13,8 @@ namespace zv::calc {
 // The tape file name of a running copy: "calc" + suffix + ".fita" in the data folder.
 std::filesystem::path tapeFilePath(const std::filesystem::path& dataFolder, std::string_view suffix);
 
-// Reads a tape file: UTF-8 or Windows-1252, any line ends; returns UTF-8 text with CR LF.
+// Reads a tape file: UTF-8 or Windows-1252 (decided line by line, so that one line damaged by a
+// crash cannot change how the others read), any line ends; returns UTF-8 text with CR LF.
 // A missing file reads as an empty tape; nullopt only when the file exists but cannot be read.
 // A last line cut short by a crash is kept if it holds anything but blanks.
 std::optional<std::string> loadTape(const std::filesystem::path& path);

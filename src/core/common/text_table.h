@@ -23,7 +23,7 @@ std::string GetText(Language language, int code, std::string_view arg1 = {}, std
 // Codes of texts used by name in the code. The numbered table runs from 4 to 219 and 900 to
 // 999; the codes from 220 on hold captions and messages of ours that it leaves out.
 namespace txt {
-inline constexpr int kTips = 7;                   // "DICAS DE OPERAÇÃO: ..."
+inline constexpr int kTips = 7;  // "DICAS DE OPERAÇÃO: ..."
 inline constexpr int kMidiError = 9;
 inline constexpr int kEditWhileCalculating = 12;
 inline constexpr int kEnterAddsInfo = 14;
@@ -32,30 +32,30 @@ inline constexpr int kInvalidSelection = 20;
 inline constexpr int kFindPrompt = 55;
 inline constexpr int kFindTitle = 56;
 inline constexpr int kInstrumentPrompt = 57;
-inline constexpr int kBeep = 119;                 // mnuBeep "&Beep, Beep..."
+inline constexpr int kBeep = 119;  // mnuBeep "&Beep, Beep..."
 inline constexpr int kBackupMissing = 171;
 inline constexpr int kBackupOpenFailed = 172;
 inline constexpr int kBackupTooLarge = 173;
 inline constexpr int kPortPrompt = 176;
 inline constexpr int kRestartNeeded = 218;
 
-inline constexpr int kMnuExtenso = 220;           // "Copiar o Visor por &Extenso"
+inline constexpr int kMnuExtenso = 220;  // "Copiar o Visor por &Extenso"
 inline constexpr int kMnuCheque = 221;
 inline constexpr int kMnuPromissoria = 222;
 inline constexpr int kMnuConverte = 223;
 inline constexpr int kMnuUtil = 224;
 inline constexpr int kMnuSalvar = 225;
-inline constexpr int kMnuXP = 226;                // "Office XP menu"
-inline constexpr int kSignTooltip = 227;          // " Positivo/Negativo "
-inline constexpr int kWordsInvalid = 228;         // "Dados inválidos para se converter por extenso"
-inline constexpr int kWordsOnClipboard = 229;     // "Valor por extenso colocado na Área de Transferência."
-inline constexpr int kPasteHint = 230;            // "(Use colar: Ctrl+V)"
-inline constexpr int kSaveFilterName = 231;       // "Documento Texto (*.txt)"
-inline constexpr int kWaitForPrinter = 232;       // "Aguarde o término da impressão ..."
+inline constexpr int kMnuXP = 226;             // "Office XP menu"
+inline constexpr int kSignTooltip = 227;       // " Positivo/Negativo "
+inline constexpr int kWordsInvalid = 228;      // "Dados inválidos para se converter por extenso"
+inline constexpr int kWordsOnClipboard = 229;  // "Valor por extenso colocado na Área de Transferência."
+inline constexpr int kPasteHint = 230;         // "(Use colar: Ctrl+V)"
+inline constexpr int kSaveFilterName = 231;    // "Documento Texto (*.txt)"
+inline constexpr int kWaitForPrinter = 232;    // "Aguarde o término da impressão ..."
 inline constexpr int kMnuPortuguese = 233;
 inline constexpr int kMnuEnglish = 234;
 inline constexpr int kMnuSpanish = 235;
-inline constexpr int kBackupWriteFailed = 236;   // the backup failed, so the tape was kept
+inline constexpr int kBackupWriteFailed = 236;  // the backup failed, so the tape was kept
 }  // namespace txt
 
 }  // namespace zv::common

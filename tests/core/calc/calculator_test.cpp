@@ -70,10 +70,8 @@ TEST(Percent, DependsOnTheOperatorBeforeIt) {
         double total;
     };
     const Case cases[] = {
-        {"mark-up after plus", "5+10%", 5.5},
-        {"mark-up of 200", "200+10%", 220},
-        {"discount after minus", "200-10%", 180},
-        {"share after times", "200*10%", 20},
+        {"mark-up after plus", "5+10%", 5.5},     {"mark-up of 200", "200+10%", 220},
+        {"discount after minus", "200-10%", 180}, {"share after times", "200*10%", 20},
         {"share after divide", "200/10%", 20},
     };
     for (const Case& c : cases) {
@@ -124,9 +122,8 @@ TEST(OperatorOnEmptyEntry, LeavesOtherLinesAlone) {
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.label);
-        std::string before = typed(std::string_view(c.keys).substr(0, std::string_view(c.keys).size() - 1))
-                                 .tape()
-                                 .text();
+        std::string before =
+            typed(std::string_view(c.keys).substr(0, std::string_view(c.keys).size() - 1)).tape().text();
         EXPECT_EQ(typed(c.keys).tape().text(), before);
     }
 }
@@ -308,8 +305,7 @@ TEST(Keys, EnterAddsOrStrikes) {
 
 TEST(Keys, OtherSeparatorsFromTheLocale) {
     const Calculator calc = typed("1234.5+1,5=", {}, kUsa);
-    EXPECT_EQ(calc.tape().text(),
-              line("1,234.50", "+") + line("1.50", "=") + line("1,236.00", "T") + kSep);
+    EXPECT_EQ(calc.tape().text(), line("1,234.50", "+") + line("1.50", "=") + line("1,236.00", "T") + kSep);
 }
 
 TEST(TimeMode, DurationsAddAsHoursMinutesSeconds) {

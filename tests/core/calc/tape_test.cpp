@@ -99,14 +99,10 @@ TEST(RollPrinter, AcceptsOnlyTheKnownPorts) {
         std::optional<std::string> port;
     };
     const Case cases[] = {
-        {"as offered", "LPT1", "LPT1"},
-        {"lower case", "lpt2", "LPT2"},
-        {"blanks removed", " com 3 ", "COM3"},
-        {"COM4 too", "Com4", "COM4"},
-        {"no LPT3", "LPT3", std::nullopt},
-        {"no COM5", "COM5", std::nullopt},
-        {"empty", "", std::nullopt},
-        {"a device path", "/dev/lp0", std::nullopt},
+        {"as offered", "LPT1", "LPT1"},        {"lower case", "lpt2", "LPT2"},
+        {"blanks removed", " com 3 ", "COM3"}, {"COM4 too", "Com4", "COM4"},
+        {"no LPT3", "LPT3", std::nullopt},     {"no COM5", "COM5", std::nullopt},
+        {"empty", "", std::nullopt},           {"a device path", "/dev/lp0", std::nullopt},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.label);
