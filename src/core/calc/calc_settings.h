@@ -16,7 +16,7 @@ enum class KeySound { None = 1, Beep = 2, Musical = 3 };  // stored in "Sons"
 struct CalcSettings {
     bool menuXP = true;
     NumberFormat format = NumberFormat::Floating;
-    int colourScheme = 0;  // 0: design colours; 1..4 the schemes
+    int colourScheme = 0;       // 0: design colours; 1..4 the schemes
     std::optional<int> height;  // pixels; none: the window's own
     int top = 0;
     std::optional<int> left;
@@ -34,6 +34,8 @@ struct CalcSettings {
     std::string lastFile = "Zavrello.txt";
     std::string lastFolder;
     int language = 0;  // 0: from the user's locale; 1 Portuguese, 2 English, 3 Spanish
+
+    bool operator==(const CalcSettings&) const = default;
 };
 
 CalcSettings loadCalcSettings(const common::SettingsStore& store);

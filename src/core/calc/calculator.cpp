@@ -465,27 +465,38 @@ bool Calculator::undo() {
 }
 
 bool Calculator::redo() {
-    if (!m_redo || m_redo->op == 0 || !fieldValue(m_redo->field)) {
+    if (!m_redo || m_redo->op == 0) {
         return false;
     }
     const RedoLine line = *m_redo;
+    if (!enterAmount(line.field)) {
+        return false;
+    }
     m_redo.reset();
+    Form_KeyPress(line.op);
+    return true;
+}
+
+bool Calculator::enterAmount(std::string_view field) {
+    field = trim(field);
+    if (field.empty() || !fieldValue(field)) {
+        return false;
+    }
     std::string entry;
-    if (line.field.find(':') != std::string::npos) {
-        for (const char c : line.field) {
+    if (field.find(':') != std::string_view::npos) {
+        for (const char c : field) {
             if (isDigit(c) || c == '-') {
                 entry += c;
             }
         }
     } else {
-        std::string_view rest = line.field;
         const std::string& group = seps().group;
-        while (!rest.empty()) {
-            if (!group.empty() && rest.starts_with(group)) {
-                rest.remove_prefix(group.size());
+        while (!field.empty()) {
+            if (!group.empty() && field.starts_with(group)) {
+                field.remove_prefix(group.size());
             } else {
-                entry += rest.front();
-                rest.remove_prefix(1);
+                entry += field.front();
+                field.remove_prefix(1);
             }
         }
         if (m_options.format == NumberFormat::Fixed && entry.find(seps().decimal) == std::string::npos) {
@@ -494,8 +505,12 @@ bool Calculator::redo() {
     }
     m_entry = entry;
     m_shownTotal.reset();
-    Form_KeyPress(line.op);
+    refreshDisplay();
     return true;
+}
+
+bool Calculator::calculationInProgress() const {
+    return !m_entry.empty() || (m_counter > 0 && !m_newTotalNext);
 }
 
 void Calculator::appendBlock(std::string_view text) {

@@ -81,6 +81,12 @@ public:
     // Types the line removed by the last undo again.
     bool redo();
 
+    // Puts an amount as shown on the tape ("1.234,50", "01:30:00") into the entry, as if typed,
+    // so the next operator registers it again. False when the text is not an amount.
+    bool enterAmount(std::string_view field);
+    // True while an amount is typed or a total runs that has not been struck yet.
+    bool calculationInProgress() const;
+
     // A block of text from another tool, appended as whole lines.
     void appendBlock(std::string_view text);
     // Replaces the tape (loaded from its file, or edited) and works the total out from it.

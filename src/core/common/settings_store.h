@@ -22,7 +22,8 @@ inline constexpr std::string_view kSettingsApp = "Quorvati";
 // The stored text, or `fallback` when there is none.
 std::string GetSetting(const SettingsStore& store, std::string_view section, std::string_view key,
                        std::string_view fallback);
-bool SaveSetting(SettingsStore& store, std::string_view section, std::string_view key, std::string_view value);
+bool SaveSetting(SettingsStore& store, std::string_view section, std::string_view key,
+                 std::string_view value);
 
 // Booleans are written "True"/"False" and read back from "True"/"False"/"-1"/"0"/"1" (any case,
 // blanks around ignored); anything else is not a boolean.

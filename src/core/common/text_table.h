@@ -56,6 +56,12 @@ inline constexpr int kMnuPortuguese = 233;
 inline constexpr int kMnuEnglish = 234;
 inline constexpr int kMnuSpanish = 235;
 inline constexpr int kBackupWriteFailed = 236;  // the backup failed, so the tape was kept
+inline constexpr int kSaveFailed = 237;         // with the file name
+inline constexpr int kDisplayName = 238;        // accessible names of the window's parts
+inline constexpr int kTotalName = 239;
+inline constexpr int kCounterName = 240;
+inline constexpr int kKeypadName = 241;
+inline constexpr int kPortFailed = 242;  // with the port and the device
 }  // namespace txt
 
 }  // namespace zv::common

@@ -1,1 +1,106 @@
-// placeholder: being written
+#include "calc/calc_settings.h"
+
+#include <gtest/gtest.h>
+
+#include "common/settings_keys.h"
+#include "fakes/memory_settings_store.h"
+
+using namespace zv::calc;
+namespace keys = zv::common::settings;
+using zv::fakes::MemorySettingsStore;
+
+TEST(CalcSettings, FirstStartWithAnEmptyStore) {
+    const CalcSettings s = loadCalcSettings(MemorySettingsStore{});
+    EXPECT_TRUE(s.alwaysOnTop && s.backup && s.numLock && s.monitor && s.menuXP && s.stayInTray);
+    EXPECT_EQ(s.sound, KeySound::Musical);
+    EXPECT_EQ(s.port, "LPT1");
+    EXPECT_EQ(s.language, 0);
+    EXPECT_EQ(s.enter, EnterAction::Equals);
+    EXPECT_EQ(s, CalcSettings{});
+}
+
+TEST(CalcSettings, StoredValuesAreRead) {
+    MemorySettingsStore store;
+    for (const auto& [key, text] : std::initializer_list<std::pair<std::string_view, const char*>>{
+             {keys::kFormato, "2"},
+             {keys::kCor, "4"},
+             {keys::kSons, "1"},
+             {keys::kInstrumento, "127"},
+             {keys::kMonitor, "False"},
+             {keys::kLetrona, "-1"},
+             {keys::kNumLock, "0"},
+             {keys::kCalcEnter, "ok"},
+             {keys::kCalcLeft2, "-8"},
+             {keys::kPorta, "COM2"},
+             {keys::kUltimoPath, "C:\\Relatórios"}}) {
+        store.write(keys::kConfigura, key, text);
+    }
+    CalcSettings expected;
+    expected.format = NumberFormat::Numeral;
+    expected.colourScheme = 4;
+    expected.sound = KeySound::None;
+    expected.instrument = 127;
+    expected.monitor = false;
+    expected.largeLetters = true;
+    expected.numLock = false;
+    expected.enter = EnterAction::Plus;
+    expected.left = -8;
+    expected.port = "COM2";
+    expected.lastFolder = "C:\\Relatórios";
+    EXPECT_EQ(loadCalcSettings(store), expected);
+}
+
+TEST(CalcSettings, MalformedOrOutOfRangeValuesKeepTheDefault) {
+    struct Case {
+        const char* label;
+        std::string_view key;
+        const char* text;
+    };
+    const Case cases[] = {
+        {"format above 2", keys::kFormato, "3"},
+        {"colour not a number", keys::kCor, "um"},
+        {"sound 0", keys::kSons, "0"},
+        {"instrument 128", keys::kInstrumento, "128"},
+        {"language 4", keys::kIdiomas2, "4"},
+        {"boolean that is not one", keys::kBackup, "2"},
+        {"height zero", keys::kCalcHeight, "0"},
+        {"top beyond int", keys::kCalcTop, "99999999999"},
+        {"left with decimals", keys::kCalcLeft2, "10,5"},
+        {"empty port", keys::kPorta, ""},
+        {"Enter in another case", keys::kCalcEnter, "OK"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.label);
+        MemorySettingsStore store;
+        store.write(keys::kConfigura, c.key, c.text);
+        EXPECT_EQ(loadCalcSettings(store), CalcSettings{});
+    }
+}
+
+TEST(CalcSettings, SaveOnCloseWritesExactlyItsKeysAndLoadsBack) {
+    CalcSettings saved;
+    saved.top = 40;
+    saved.keypadHidden = true;
+    saved.backup = false;
+    saved.enter = EnterAction::Plus;
+    saved.language = 2;
+
+    MemorySettingsStore withoutSize;
+    saveOnClose(withoutSize, saved);
+    const std::map<MemorySettingsStore::Key, std::string> expected = {
+        {{"Configura", "CalcTop"}, "40"},   {{"Configura", "Letrona"}, "False"},
+        {{"Configura", "Oculte"}, "True"},  {{"Configura", "CalcEnter"}, "ok"},
+        {{"Configura", "Visivel"}, "True"}, {{"Configura", "Backup"}, "False"},
+        {{"Configura", "Idiomas2"}, "2"},
+    };
+    EXPECT_EQ(withoutSize.values, expected);
+    EXPECT_EQ(loadCalcSettings(withoutSize), saved);
+
+    saved.height = 480;
+    saved.left = -5;
+    saved.enter = EnterAction::Equals;
+    MemorySettingsStore withSize;
+    saveOnClose(withSize, saved);
+    EXPECT_EQ(withSize.values.size(), expected.size() + 2);
+    EXPECT_EQ(loadCalcSettings(withSize), saved);
+}

@@ -392,6 +392,19 @@ TEST(Undo, TimeModeRedoKeepsTheDuration) {
     EXPECT_EQ(calc.totalText(), "01:50:00");
 }
 
+TEST(EnterAmount, TakesALineOfTheTapeAgain) {
+    Calculator calc = typed("2+3=");
+    EXPECT_FALSE(calc.calculationInProgress());
+    ASSERT_TRUE(calc.enterAmount("    1.234,50"));
+    EXPECT_EQ(calc.display(), "1.234,50");
+    EXPECT_TRUE(calc.calculationInProgress());
+    calc.type("+");
+    EXPECT_DOUBLE_EQ(calc.total(), 1234.5);
+    EXPECT_FALSE(calc.enterAmount("VALOR INICIAL"));
+    EXPECT_FALSE(calc.enterAmount(""));
+    EXPECT_TRUE(typed("5+").calculationInProgress());
+}
+
 TEST(ClearTape, BacksUpAndStartsWithAHeading) {
     const fakes::FakeClock clock;
     fakes::MemoryBackup backup;

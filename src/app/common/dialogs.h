@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QString>
+#include <functional>
+#include <optional>
+
+class QPrinter;
+class QWidget;
+
+namespace zv::app {
+
+// Everything a window asks the user or the desktop for goes through here, so that tests can
+// answer in place of the user and nothing modal ever blocks them.
+class Dialogs {
+public:
+    enum class Icon { Information, Warning, Critical };
+    virtual ~Dialogs() = default;
+
+    virtual void message(QWidget* parent, Icon icon, const QString& text) = 0;
+    // Yes or no.
+    virtual bool question(QWidget* parent, const QString& text) = 0;
+    // One line of text; nullopt when cancelled.
+    virtual std::optional<QString> ask(QWidget* parent, const QString& title, const QString& prompt,
+                                       const QString& initial) = 0;
+    // A file to save to; empty when cancelled.
+    virtual QString saveFileName(QWidget* parent, const QString& filter, const QString& initialPath) = 0;
+    // The print dialog, then a preview from which the user prints; `paint` draws the pages on
+    // the printer it is given. False when the user gave up or printing failed.
+    virtual bool print(QWidget* parent, QPrinter& printer, const std::function<bool(QPrinter&)>& paint) = 0;
+    // A file, web page or mail link opened by the desktop; false when that failed.
+    virtual bool openUrl(const QString& url) = 0;
+};
+
+// The real thing: message boxes, the system's dialogs, the desktop's handlers.
+class DesktopDialogs final : public Dialogs {
+public:
+    void message(QWidget* parent, Icon icon, const QString& text) override;
+    bool question(QWidget* parent, const QString& text) override;
+    std::optional<QString> ask(QWidget* parent, const QString& title, const QString& prompt,
+                               const QString& initial) override;
+    QString saveFileName(QWidget* parent, const QString& filter, const QString& initialPath) override;
+    bool print(QWidget* parent, QPrinter& printer, const std::function<bool(QPrinter&)>& paint) override;
+    bool openUrl(const QString& url) override;
+};
+
+}  // namespace zv::app

@@ -1,0 +1,44 @@
+#include "common/startup_entry.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QSaveFile>
+#include <QSettings>
+#include <QStandardPaths>
+
+namespace zv::app {
+
+void setStartWithSystem(bool enabled) {
+    const QString program = QDir::toNativeSeparators(QCoreApplication::applicationFilePath());
+#ifdef _WIN32
+    QSettings run(QStringLiteral("HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Run"),
+                  QSettings::NativeFormat);
+    if (enabled) {
+        run.setValue(QStringLiteral("Quorvati"), QStringLiteral("\"%1\" systray").arg(program));
+    } else {
+        run.remove(QStringLiteral("Quorvati"));
+    }
+#else
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+                           QStringLiteral("/autostart");
+    const QString path = folder + QStringLiteral("/zavrello.desktop");
+    if (!enabled) {
+        QFile::remove(path);
+        return;
+    }
+    QDir().mkpath(folder);
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Text)) {
+        return;
+    }
+    const QString entry = QStringLiteral(
+                              "[Desktop Entry]\nType=Application\nName=Zavrello\nExec=\"%1\" systray\n"
+                              "Icon=accessories-calculator\nX-GNOME-Autostart-enabled=true\n")
+                              .arg(program);
+    file.write(entry.toUtf8());
+    file.commit();
+#endif
+}
+
+}  // namespace zv::app
