@@ -482,8 +482,14 @@ void FrmCalcula::Arrange() {
     // The tape is 26 columns wide; the window is never narrower than that.
     const int tapeWidth = QFontMetrics(tapeFont).horizontalAdvance(QString(28, QLatin1Char('0'))) +
                           txtFita->verticalScrollBar()->sizeHint().width() + 16;
-    setMinimumWidth(tapeWidth + 12);
+    m_tapeWidth = tapeWidth + 12;
+    fitWidth();
     fraTeclado->setVisible(!m_settings.keypadHidden);
+}
+
+void FrmCalcula::fitWidth() {
+    // Never narrower than the tape, nor than the menu bar in the language shown.
+    setMinimumWidth(std::max(m_tapeWidth, menuBar()->sizeHint().width()));
 }
 
 void FrmCalcula::applyColours() {
@@ -533,6 +539,7 @@ void FrmCalcula::applyLanguage() {
         }
     }
     setWindowTitle(m_ctx.auxiliary ? QStringLiteral(" Zavrello [Aux]") : QStringLiteral(" Zavrello"));
+    fitWidth();
 }
 
 void FrmCalcula::restoreGeometry() {

@@ -77,6 +77,7 @@ private:
     void applySettings();
     void Arrange();
     void applyColours();
+    void fitWidth();
     void applyLanguage();
     void restoreGeometry();
     void refresh();
@@ -133,6 +134,7 @@ private:
     std::unique_ptr<platform::MidiOut> m_midi;
     bool m_midiFailed = false;
     bool m_deleteArmed = false;
+    int m_tapeWidth = 0;
     QString m_ownClipboardText;
 
     // Widgets, named as the system names them (each is also its objectName).
