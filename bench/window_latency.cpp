@@ -20,7 +20,8 @@ namespace {
 
 double percentile(std::vector<double> values, double p) {
     std::sort(values.begin(), values.end());
-    const std::size_t at = std::min(values.size() - 1, static_cast<std::size_t>(p * static_cast<double>(values.size())));
+    const std::size_t at =
+        std::min(values.size() - 1, static_cast<std::size_t>(p * static_cast<double>(values.size())));
     return values[at];
 }
 
@@ -72,7 +73,8 @@ int main(int argc, char** argv) {
             (*k == '+' ? lineKeys : digitKeys).push_back(ms);
         }
     }
-    std::printf("tape lines: %d, pairs typed: %d, window with its tape up in %.0f ms\n", tapeLines, pairs, loadMs);
+    std::printf("tape lines: %d, pairs typed: %d, window with its tape up in %.0f ms\n", tapeLines, pairs,
+                loadMs);
     std::printf("key that writes a tape line: p50 %.3f ms, p99 %.3f ms, max %.3f ms\n",
                 percentile(lineKeys, 0.5), percentile(lineKeys, 0.99), percentile(lineKeys, 1.0));
     std::printf("digit key: p50 %.3f ms, p99 %.3f ms, max %.3f ms\n", percentile(digitKeys, 0.5),

@@ -419,7 +419,8 @@ void FrmCalcula::buildMenus() {
                     {"mnuMostraBack", QStyle::SP_FileIcon},
                 };
                 for (const auto& [name, pixmap] : icons) {
-                    if (auto* action = findChild<QAction*>(QLatin1String(name)); action && action->icon().isNull()) {
+                    if (auto* action = findChild<QAction*>(QLatin1String(name));
+                        action && action->icon().isNull()) {
                         action->setIcon(style()->standardIcon(pixmap));
                     }
                 }
@@ -747,8 +748,7 @@ void FrmCalcula::showClearReport(const calc::ClearReport& report) {
 
 void FrmCalcula::typeAmount(double value) {
     const std::string field = common::formatNumber(
-        value, m_ctx.timeMode || mnuTempo->isChecked() ? common::pattern::kTime : "0.######",
-        m_ctx.regional.separators);
+        value, m_calc.options().timeMode ? common::pattern::kTime : "0.######", m_ctx.regional.separators);
     if (m_calc.enterAmount(field)) {
         Form_KeyPress('+');
     }
