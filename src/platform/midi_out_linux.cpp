@@ -27,16 +27,17 @@ constexpr const char* kAudioDrivers[] = {"pipewire", "pulseaudio", "alsa"};
 // starts: it brings some forty audio and codec libraries with it, which would otherwise slow
 // every start-up whether or not the keys sound.
 struct FluidApi {
-#define ZV_FLUID_FUNCTIONS(X)                                                                               \
-    X(new_fluid_settings)                                                                                   \
-    X(delete_fluid_settings)                                                                                \
-    X(fluid_settings_setnum) X(fluid_settings_setint) X(fluid_settings_setstr) X(fluid_settings_dupstr)     \
-        X(fluid_free) X(new_fluid_synth) X(delete_fluid_synth) X(fluid_synth_sfload)                        \
-            X(fluid_synth_program_change) X(fluid_synth_write_float) X(new_fluid_sequencer2)                \
-                X(delete_fluid_sequencer) X(fluid_sequencer_register_fluidsynth) X(fluid_sequencer_send_at) \
-                    X(new_fluid_event) X(delete_fluid_event) X(fluid_event_set_source)                      \
-                        X(fluid_event_set_dest) X(fluid_event_note) X(new_fluid_audio_driver)               \
-                            X(delete_fluid_audio_driver) X(fluid_set_log_function)
+// clang-format off
+#define ZV_FLUID_FUNCTIONS(X)                                                                \
+    X(new_fluid_settings) X(delete_fluid_settings) X(fluid_settings_setnum)                  \
+    X(fluid_settings_setint) X(fluid_settings_setstr) X(fluid_settings_dupstr) X(fluid_free) \
+    X(new_fluid_synth) X(delete_fluid_synth) X(fluid_synth_sfload)                           \
+    X(fluid_synth_program_change) X(fluid_synth_write_float) X(new_fluid_sequencer2)         \
+    X(delete_fluid_sequencer) X(fluid_sequencer_register_fluidsynth)                         \
+    X(fluid_sequencer_send_at) X(new_fluid_event) X(delete_fluid_event)                      \
+    X(fluid_event_set_source) X(fluid_event_set_dest) X(fluid_event_note)                    \
+    X(new_fluid_audio_driver) X(delete_fluid_audio_driver) X(fluid_set_log_function)
+// clang-format on
 #define ZV_FLUID_MEMBER(name) decltype(&::name) name = nullptr;
     ZV_FLUID_FUNCTIONS(ZV_FLUID_MEMBER)
 #undef ZV_FLUID_MEMBER
