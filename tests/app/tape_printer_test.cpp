@@ -1,6 +1,3 @@
-#include <algorithm>
-
-#include <QFontDatabase>
 #include <QPageLayout>
 #include <QPrinter>
 #include <QProcess>
@@ -54,25 +51,20 @@ class TapePrinterTest : public QObject {
     QString pdfPath(const QString& name) const { return m_dir.filePath(name + QStringLiteral(".pdf")); }
 
 private slots:
-    void printsEveryLineAsTextInOrder_data() {
-        QTest::addColumn<PrintSize>("size");
-        QTest::newRow("small") << PrintSize::Small;
-        QTest::newRow("medium") << PrintSize::Medium;
-        QTest::newRow("large") << PrintSize::Large;
-    }
-    void printsEveryLineAsTextInOrder() {
-        QFETCH(PrintSize, size);
-        const QString pdf = printToPdf(pdfPath(QTest::currentDataTag()), kTape, size);
-        QVERIFY(!pdf.isEmpty());
-        const QString text = run("pdftotext", {"-layout", "-enc", "UTF-8", pdf, "-"});
-        qsizetype from = 0;
-        for (const char* expected : {"21/11/2026 ==============", "1.234,56 +", "12,00 ×", "4,00 ÷",
-                                     "246,00 T", "========================="}) {
-            const qsizetype at = text.indexOf(QString::fromUtf8(expected), from);
-            QVERIFY2(at >= 0, expected);
-            from = at + 1;
+    void printsEveryLineAsTextInOrderInEachSize() {
+        for (const PrintSize size : {PrintSize::Small, PrintSize::Medium, PrintSize::Large}) {
+            const QString pdf = printToPdf(pdfPath(QString::number(int(size))), kTape, size);
+            QVERIFY(!pdf.isEmpty());
+            const QString text = run("pdftotext", {"-layout", "-enc", "UTF-8", pdf, "-"});
+            qsizetype from = 0;
+            for (const char* expected : {"21/11/2026 ==============", "1.234,56 +", "12,00 ×", "4,00 ÷",
+                                         "246,00 T", "========================="}) {
+                const qsizetype at = text.indexOf(QString::fromUtf8(expected), from);
+                QVERIFY2(at >= 0, expected);
+                from = at + 1;
+            }
+            QCOMPARE(pageCount(pdf), 1);
         }
-        QCOMPARE(pageCount(pdf), 1);
     }
 
     void longTapeBreaksIntoPagesByLetterSize() {
@@ -91,25 +83,17 @@ private slots:
         }
     }
 
-    void usesAFixedPitchFontInsideTheMargins() {
+    void everyCharacterTakesTheSameWidthInsideTheMargins() {
         const QString pdf = printToPdf(pdfPath("font"), kTape, PrintSize::Medium);
-        // Font names in the PDF are the family without blanks, after a subset tag ("ABCDEF+").
-        const QString fonts = run("pdffonts", {pdf});
-        const QStringList families = QFontDatabase::families();
-        const auto printed = std::find_if(families.begin(), families.end(), [&](const QString& family) {
-            return fonts.contains(QString(family).remove(' ') + ' ') ||
-                   fonts.contains(QString(family).remove(' ') + '-');
-        });
-        QVERIFY2(printed != families.end(), qPrintable(fonts));
-        QVERIFY2(QFontDatabase::isFixedPitch(*printed), qPrintable(*printed));
-
         // Every printed character takes the same width, and the text starts at the margins.
         const QString boxes = run("pdftotext", {"-bbox", pdf, "-"});
         QRegularExpression word(
             QStringLiteral("<word xMin=\"([\\d.]+)\" yMin=\"([\\d.]+)\" xMax=\"([\\d.]+)\" "
                            "yMax=\"[\\d.]+\">([^<]+)</word>"));
         qreal pitch = 0, left = 1e9, top = 1e9;
+        int words = 0;
         for (const auto& m : word.globalMatch(boxes)) {
+            ++words;
             const qreal width = m.captured(3).toDouble() - m.captured(1).toDouble();
             const qreal perChar = width / m.captured(4).size();
             if (pitch == 0) {
@@ -119,7 +103,7 @@ private slots:
             left = qMin(left, m.captured(1).toDouble());
             top = qMin(top, m.captured(2).toDouble());
         }
-        QVERIFY(pitch > 0);
+        QVERIFY(words >= 11);  // the proportional signs and digits of every line compared
         const qreal mm = 72 / 25.4;
         QVERIFY2(left >= 30 * mm - 1 && left < 30 * mm + 2, qPrintable(QString::number(left)));
         QVERIFY2(top >= 20 * mm - 1 && top < 20 * mm + 6, qPrintable(QString::number(top)));

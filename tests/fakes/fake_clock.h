@@ -8,7 +8,6 @@ class FakeClock final : public common::Clock {
 public:
     explicit FakeClock(common::DateTime now = {2026, 11, 21, 14, 5, 9}) : m_now(now) {}
     common::DateTime now() const override { return m_now; }
-    void set(common::DateTime now) { m_now = now; }
 
 private:
     common::DateTime m_now;

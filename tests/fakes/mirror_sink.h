@@ -10,7 +10,6 @@ namespace zv::fakes {
 class MirrorSink final : public calc::TapeSink {
 public:
     void replaceTail(std::size_t offset, std::string_view text) override {
-        ++changes;
         if (offset > copy.size()) {
             offsetBeyondEnd = true;
             offset = copy.size();
@@ -18,14 +17,9 @@ public:
         copy.resize(offset);
         copy.append(text);
     }
-    void reset(std::string_view wholeText) override {
-        ++resets;
-        copy.assign(wholeText);
-    }
+    void reset(std::string_view wholeText) override { copy.assign(wholeText); }
 
     std::string copy;
-    int changes = 0;
-    int resets = 0;
     bool offsetBeyondEnd = false;
 };
 

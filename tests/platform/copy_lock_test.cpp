@@ -6,38 +6,29 @@
 #include <filesystem>
 
 #include "data_folder.h"
+#include "fakes/temp_folder.h"
 
 namespace zv::platform {
 namespace {
 
-std::filesystem::path freshFolder(const char* name) {
-    const std::filesystem::path dir = std::filesystem::temp_directory_path() / name;
-    std::filesystem::remove_all(dir);
-    std::filesystem::create_directories(dir);
-    return dir;
-}
-
 TEST(CopyLock, EachRunningCopyGetsItsOwnSuffix) {
-    const std::filesystem::path dir = freshFolder("zv-copy-lock");
-    std::optional<CopyLock> first = CopyLock::acquire(dir);
-    ASSERT_TRUE(first.has_value());
-    EXPECT_EQ(first->suffix(), "");
+    const fakes::TempFolder dir;
+    std::optional<CopyLock> first = CopyLock::acquire(dir.path());
+    EXPECT_EQ(first.value().suffix(), "");
     {
-        const std::optional<CopyLock> second = CopyLock::acquire(dir);
-        ASSERT_TRUE(second.has_value());
-        EXPECT_EQ(second->suffix(), "2");
-        const std::optional<CopyLock> third = CopyLock::acquire(dir);
-        ASSERT_TRUE(third.has_value());
-        EXPECT_EQ(third->suffix(), "3");
+        const std::optional<CopyLock> second = CopyLock::acquire(dir.path());
+        const std::optional<CopyLock> third = CopyLock::acquire(dir.path());
+        EXPECT_EQ(second.value().suffix(), "2");
+        EXPECT_EQ(third.value().suffix(), "3");
     }
     // Freed suffixes are taken again, the lowest first.
-    EXPECT_EQ(CopyLock::acquire(dir)->suffix(), "2");
+    EXPECT_EQ(CopyLock::acquire(dir.path()).value().suffix(), "2");
     first.reset();
-    EXPECT_EQ(CopyLock::acquire(dir)->suffix(), "");
+    EXPECT_EQ(CopyLock::acquire(dir.path()).value().suffix(), "");
 }
 
 TEST(DataFolder, FollowsTheEnvironment) {
-    const std::filesystem::path dir = freshFolder("zv-data-folder");
+    const fakes::TempFolder dir;
     ASSERT_EQ(::setenv("ZAVRELLO_HOME", (dir / "home").c_str(), 1), 0);
     EXPECT_EQ(dataFolder(), dir / "home");
     EXPECT_TRUE(std::filesystem::is_directory(dir / "home"));

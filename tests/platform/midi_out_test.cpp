@@ -79,15 +79,10 @@ TEST_F(KeyNoteRenderTest, TheProgramChoosesTheInstrument) {
 }
 
 TEST_F(KeyNoteRenderTest, SustainedInstrumentsStopAfterTheNoteOff) {
-    struct Case {
-        const char* label;
-        int program;
-    };
-    const Case cases[] = {{"string ensemble", 48}, {"synth strings", 50}, {"organ", 19}, {"flute", 73}};
     const double noteOff = 1 + kKeyNoteMs / 1000.0;
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.label);
-        const std::vector<float> note = strike(c.program, 4);
+    for (const int program : {48, 50, 19}) {  // string ensemble, synth strings, organ
+        SCOPED_TRACE(program);
+        const std::vector<float> note = strike(program, 4);
         const float sounding = peak(note, 1, noteOff - 0.05);
         EXPECT_GT(sounding, 0.01f);
         EXPECT_GT(peak(note, noteOff - 0.1, noteOff - 0.02), 0.3f * sounding) << "cut before its note-off";

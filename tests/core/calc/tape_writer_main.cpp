@@ -4,13 +4,14 @@
 //
 // It loads the file, then changes the tape for ever. Every change is announced on stdout before
 // it is made and confirmed once it has returned (and so is on disk):
-//   ready <size of the loaded tape>
-//   will <seq> <offset> <tail>   the bytes from <offset> on become <tail>, CR LF written as '|'
-//   done <seq>
-//   fail <seq>                   the tape file reported a write failure; the writer stops
+//   ready <pid> <size of the loaded tape>
+//   will <offset> <tail>   the bytes from <offset> on become <tail>, CR LF written as '|'
+//   done                   or "fail" when the tape file reported a write failure; the writer stops
+#include <unistd.h>
+
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
-#include <iterator>
 #include <random>
 #include <string>
 #include <string_view>
@@ -18,122 +19,74 @@
 #include "calc/tape.h"
 #include "calc/tape_file.h"
 
-namespace {
-
-using zv::calc::Tape;
-
-constexpr std::string_view kOperators[] = {" +", " -", " ×", " ÷"};
-constexpr std::string_view kBlock =
-    " =============== CÁLCULO =\r\n"
-    "            VALOR INICIAL                   1.000,00\r\n"
-    " =========================\r\n";
-constexpr std::string_view kHeading = "01/01/2000 ==============\r\n";
-
-void emit(const std::string& message) {
-    std::fwrite(message.data(), 1, message.size(), stdout);
-    std::fflush(stdout);
-}
-
-std::string escaped(std::string_view tail) {
-    std::string out;
-    for (std::size_t i = 0; i < tail.size(); ++i) {
-        if (tail.substr(i).starts_with("\r\n")) {
-            out += '|';
-            ++i;
-        } else {
-            out += tail[i];
-        }
-    }
-    return out;
-}
-
-std::string amountLine(std::mt19937& rng, std::string_view op) {
-    const long cents = std::uniform_int_distribution<long>(0, 99'999'999)(rng);
-    char amount[32];
-    std::snprintf(amount, sizeof amount, "%ld,%02ld", cents / 100, cents % 100);
-    std::string line(zv::calc::kAmountColumns - std::string_view(amount).size(), ' ');
-    line.append(amount).append(op).append("\r\n");
-    return line;
-}
-
-// The operator suffix the last line ends in, or nothing when it is not an amount line.
-std::string_view lastOperator(const Tape& tape) {
-    const std::string_view line = tape.lastLine();
-    for (const std::string_view op : kOperators) {
-        if (line.ends_with(op) && line.size() == zv::calc::kAmountColumns + op.size()) {
-            return op;
-        }
-    }
-    return {};
-}
-
-}  // namespace
+using zv::calc::kAmountColumns;
 
 int main(int argc, char** argv) {
     if (argc != 3) {
         std::fprintf(stderr, "usage: tape_writer <tape file> <seed>\n");
         return 2;
     }
-    const std::filesystem::path path = argv[1];
     std::mt19937 rng(static_cast<std::mt19937::result_type>(std::strtoul(argv[2], nullptr, 10)));
-
-    const std::optional<std::string> loaded = zv::calc::loadTape(path);
-    if (!loaded) {
-        std::fprintf(stderr, "tape_writer: cannot read %s\n", path.string().c_str());
-        return 3;
-    }
-    Tape tape;
-    tape.reset(*loaded);
-    zv::calc::TapeFile file(path);
-    if (!file.open(tape.text())) {
-        std::fprintf(stderr, "tape_writer: cannot write %s\n", path.string().c_str());
+    const std::optional<std::string> loaded = zv::calc::loadTape(argv[1]);
+    zv::calc::Tape tape;
+    tape.reset(loaded.value_or(""));
+    zv::calc::TapeFile file(argv[1]);
+    if (!loaded || !file.open(tape.text())) {
+        std::fprintf(stderr, "tape_writer: cannot use %s\n", argv[1]);
         return 3;
     }
     tape.setSink(&file);
-    emit("ready " + std::to_string(tape.size()) + "\n");
+    std::printf("ready %ld %zu\n", static_cast<long>(::getpid()), tape.size());
+    std::fflush(stdout);
 
-    std::uniform_int_distribution<int> pick(0, 99);
-    std::uniform_int_distribution<std::size_t> pickOperator(0, std::size(kOperators) - 1);
-    for (unsigned long seq = 1;; ++seq) {
-        const int roll = pick(rng);
-        const std::string_view op = lastOperator(tape);
+    constexpr std::string_view kOperators[] = {" +", " -", " ×", " ÷"};
+    auto anyOperator = [&] { return kOperators[std::uniform_int_distribution<int>(0, 3)(rng)]; };
+    for (;;) {
+        const int roll = std::uniform_int_distribution<int>(0, 99)(rng);
+        const std::string_view last = tape.lastLine();
+        const bool amountLast = std::any_of(std::begin(kOperators), std::end(kOperators), [&](auto op) {
+            return last.size() == kAmountColumns + op.size() && last.ends_with(op);
+        });
         std::size_t offset = tape.size();
         std::string tail;
-        enum class Change { Append, Replace, Reset } change = Change::Append;
-        if (roll < 15 && !op.empty()) {  // the operator of the last line pressed again as another
+        if (roll < 15 && amountLast) {  // the operator of the last line pressed again as another
             offset = tape.lastLineStart();
-            tail = std::string(tape.lastLine().substr(0, zv::calc::kAmountColumns));
-            tail.append(kOperators[pickOperator(rng)]).append("\r\n");
-            change = Change::Replace;
-        } else if (roll < 27 && !op.empty()) {  // undo
+            tail.append(last.substr(0, kAmountColumns)).append(anyOperator()).append("\r\n");
+        } else if (roll < 27 && amountLast) {  // undo
             offset = tape.lastLineStart();
-            change = Change::Replace;
-        } else if (roll < 35) {
-            tail = kBlock;
-        } else if (roll < 36) {  // cleared
+        } else if (roll < 35) {  // another tool's block
+            tail =
+                " =============== CÁLCULO =\r\n            VALOR INICIAL                   1.000,00\r\n"
+                " =========================\r\n";
+        } else if (roll == 35) {  // cleared
             offset = 0;
-            tail = kHeading;
-            change = Change::Reset;
+            tail = "01/01/2000 ==============\r\n";
         } else {
-            tail = amountLine(rng, kOperators[pickOperator(rng)]);
+            const long cents = std::uniform_int_distribution<long>(0, 99'999'999)(rng);
+            char amount[32];
+            std::snprintf(amount, sizeof amount, "%*ld,%02ld", int(kAmountColumns) - 3, cents / 100,
+                          cents % 100);
+            tail.append(amount).append(anyOperator()).append("\r\n");
         }
 
-        emit("will " + std::to_string(seq) + " " + std::to_string(offset) + " " + escaped(tail) + "\n");
-        switch (change) {
-            case Change::Append:
-                tape.append(tail);
-                break;
-            case Change::Replace:
-                tape.replaceTail(offset, tail);
-                break;
-            case Change::Reset:
-                tape.reset(tail);
-                break;
+        std::string shown = tail;
+        for (std::size_t at; (at = shown.find("\r\n")) != std::string::npos;) {
+            shown.replace(at, 2, "|");
         }
-        if (!file.healthy() || tape.size() != offset + tail.size()) {
-            emit("fail " + std::to_string(seq) + "\n");
+        std::printf("will %zu %s\n", offset, shown.c_str());
+        std::fflush(stdout);
+        if (roll == 35) {
+            tape.reset(tail);
+        } else if (offset == tape.size()) {
+            tape.append(tail);
+        } else {
+            tape.replaceTail(offset, tail);
+        }
+        const bool ok = file.healthy() && tape.size() == offset + tail.size();
+        std::fputs(ok ? "done\n" : "fail\n", stdout);
+        std::fflush(stdout);
+        if (!ok) {
             return 4;
         }
-        emit("done " + std::to_string(seq) + "\n");
     }
 }

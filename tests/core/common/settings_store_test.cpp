@@ -4,57 +4,41 @@
 
 #include "fakes/memory_settings_store.h"
 
-using zv::common::parseBool;
-using zv::common::parseWhole;
+namespace zv::common {
+namespace {
 
 TEST(SettingsStore, BooleansReadBackFromEveryStoredForm) {
-    struct Case {
-        const char* label;
-        std::string_view text;
-        std::optional<bool> value;
+    const std::pair<std::string_view, std::optional<bool>> cases[] = {
+        {boolText(true), true},
+        {boolText(false), false},
+        {" \tfALSE ", false},
+        {"-1", true},
+        {"1", true},
+        {"0", false},
+        {"2", std::nullopt},
+        {"Tru", std::nullopt},
+        {"", std::nullopt},
     };
-    const Case cases[] = {
-        {"own rendering", zv::common::boolText(true), true},
-        {"own rendering", zv::common::boolText(false), false},
-        {"any case, blanks around", " \tfALSE ", false},
-        {"numeric true", "-1", true},
-        {"numeric one", "1", true},
-        {"numeric false", "0", false},
-        {"other number", "2", std::nullopt},
-        {"prefix of true", "Tru", std::nullopt},
-        {"empty", "", std::nullopt},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.label);
-        EXPECT_EQ(parseBool(c.text), c.value);
+    for (const auto& [text, value] : cases) {
+        EXPECT_EQ(parseBool(text), value) << text;
     }
 }
 
 TEST(SettingsStore, WholeNumbersReadOnlyWhenTheWholeTextIsOne) {
-    struct Case {
-        const char* label;
-        const char* text;
-        std::optional<long> value;
-    };
-    const Case cases[] = {
-        {"negative, blanks around", " -15 ", -15},
-        {"decimals", "3.5", std::nullopt},
-        {"inner blank", "1 2", std::nullopt},
-        {"blank", "  ", std::nullopt},
-        {"too large", "99999999999999999999999", std::nullopt},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.label);
-        EXPECT_EQ(parseWhole(c.text), c.value);
+    EXPECT_EQ(parseWhole(" -15 "), -15);
+    for (const char* text : {"3.5", "1 2", "  ", "99999999999999999999999"}) {
+        EXPECT_EQ(parseWhole(text), std::nullopt) << text;
     }
 }
 
 TEST(SettingsStore, MissingKeyGivesTheFallbackAndAFailedWriteIsReported) {
-    zv::fakes::MemorySettingsStore store;
-    EXPECT_EQ(zv::common::GetSetting(store, "Configura", "Porta", "LPT1"), "LPT1");
-    EXPECT_TRUE(zv::common::SaveSetting(store, "Configura", "Porta", ""));
-    EXPECT_EQ(zv::common::GetSetting(store, "Configura", "Porta", "LPT1"), "") << "an empty value is a value";
-
+    fakes::MemorySettingsStore store;
+    EXPECT_EQ(GetSetting(store, "Configura", "Porta", "LPT1"), "LPT1");
+    EXPECT_TRUE(SaveSetting(store, "Configura", "Porta", ""));
+    EXPECT_EQ(GetSetting(store, "Configura", "Porta", "LPT1"), "") << "an empty value is a value";
     store.failing = true;
-    EXPECT_FALSE(zv::common::SaveSetting(store, "Configura", "Porta", "COM1"));
+    EXPECT_FALSE(SaveSetting(store, "Configura", "Porta", "COM1"));
 }
+
+}  // namespace
+}  // namespace zv::common

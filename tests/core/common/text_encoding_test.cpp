@@ -4,67 +4,37 @@
 
 #include <string>
 #include <string_view>
+#include <tuple>
 
 namespace zv::common {
 namespace {
 
 TEST(Utf8Validation, AcceptsWellFormedTextOnly) {
-    struct Case {
-        const char* label;
-        std::string_view bytes;
-        bool valid;
+    for (const std::string_view valid :
+         {"", "                  250,00 +\r\n", "× ÷ €", "💰", "\xF4\x8F\xBF\xBF"}) {
+        EXPECT_TRUE(isValidUtf8(valid)) << valid;
+    }
+    const std::pair<const char*, std::string_view> invalid[] = {
+        {"Windows-1252 times sign", "250,00 \xD7\r\n"}, {"lone continuation byte", "a\x80"},
+        {"sequence cut at the end", "\xF0\x9F\x92"},    {"ascii where a continuation belongs", "\xC3("},
+        {"overlong two-byte lead C1", "\xC1\xBF"},      {"overlong three-byte", "\xE0\x80\xAF"},
+        {"overlong four-byte", "\xF0\x80\x80\xAF"},     {"surrogate half", "\xED\xA0\x80"},
+        {"beyond U+10FFFF", "\xF4\x90\x80\x80"},        {"lead byte F5", "\xF5\x80\x80\x80"},
     };
-    const Case cases[] = {
-        {"empty", "", true},
-        {"ascii tape line", "                  250,00 +\r\n", true},
-        {"times and divide signs", "× ÷", true},
-        {"three-byte euro", "€", true},
-        {"four-byte symbol", "💰", true},
-        {"highest code point", "\xF4\x8F\xBF\xBF", true},
-        {"Windows-1252 times sign", "250,00 \xD7\r\n", false},
-        {"Windows-1252 c-cedilla before ascii", "\xE7\x61o", false},
-        {"lone continuation byte", "a\x80", false},
-        {"two-byte sequence cut at the end", "ab\xC3", false},
-        {"three-byte sequence cut at the end", "\xE2\x82", false},
-        {"four-byte sequence cut at the end", "\xF0\x9F\x92", false},
-        {"ascii where a continuation belongs", "\xC3(", false},
-        {"overlong slash", "\xC0\xAF", false},
-        {"overlong two-byte lead C1", "\xC1\xBF", false},
-        {"overlong three-byte", "\xE0\x80\xAF", false},
-        {"overlong four-byte", "\xF0\x80\x80\xAF", false},
-        {"surrogate half", "\xED\xA0\x80", false},
-        {"beyond U+10FFFF", "\xF4\x90\x80\x80", false},
-        {"lead byte F5", "\xF5\x80\x80\x80", false},
-        {"byte FF", "\xFF", false},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.label);
-        EXPECT_EQ(isValidUtf8(c.bytes), c.valid);
+    for (const auto& [label, bytes] : invalid) {
+        EXPECT_FALSE(isValidUtf8(bytes)) << label;
     }
 }
 
 TEST(Cp1252, DecodesTheBytesOlderTapesHold) {
-    struct Case {
-        const char* label;
-        std::string_view bytes;
-        std::string_view utf8;
+    const std::pair<std::string_view, std::string_view> cases[] = {
+        {"\xD7\xF7", "×÷"},
+        {"C\xC1LCULO a\xE7\xE3o", "CÁLCULO ação"},
+        {"\x80\x9F", "€Ÿ"},            // the 0x80 row
+        {"\x81\x9D", "\uFFFD\uFFFD"},  // undefined there
     };
-    const Case cases[] = {
-        {"ascii unchanged", "  1.250,00 -\r\n", "  1.250,00 -\r\n"},
-        {"times sign", "\xD7", "×"},
-        {"divide sign", "\xF7", "÷"},
-        {"portuguese letters", "C\xC1LCULO a\xE7\xE3o", "CÁLCULO ação"},
-        {"euro in the 0x80 row", "\x80", "€"},
-        {"ellipsis", "\x85", "…"},
-        {"Y with diaeresis at 0x9F", "\x9F", "Ÿ"},
-        {"undefined 0x81", "\x81", "\uFFFD"},
-        {"undefined 0x9D", "\x9D", "\uFFFD"},
-        {"no-break space", "\xA0", "\xC2\xA0"},
-        {"y with diaeresis at 0xFF", "\xFF", "ÿ"},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.label);
-        EXPECT_EQ(cp1252ToUtf8(c.bytes), c.utf8);
+    for (const auto& [bytes, utf8] : cases) {
+        EXPECT_EQ(cp1252ToUtf8(bytes), utf8);
     }
 }
 
@@ -82,95 +52,45 @@ TEST(Cp1252, EveryDefinedByteSurvivesARoundTrip) {
 }
 
 TEST(Cp1252, CharactersTheCodePageLacksBecomeQuestionMarks) {
-    struct Case {
-        const char* label;
-        std::string_view utf8;
-        std::string_view bytes;
-    };
-    const Case cases[] = {
-        {"tape line with times sign", "    7,00 ×\r\n", "    7,00 \xD7\r\n"},
-        {"CJK ideograph", "a中b", "a?b"},
-        {"four-byte symbol", "💰!", "?!"},
-        {"replacement character", "\uFFFD", "?"},
-        {"C1 control U+0081", "\u0081", "?"},
-        {"rupee sign", "₹", "?"},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.label);
-        EXPECT_EQ(utf8ToCp1252(c.utf8), c.bytes);
-    }
+    EXPECT_EQ(utf8ToCp1252("    7,00 ×\r\n"), "    7,00 \xD7\r\n");
+    EXPECT_EQ(utf8ToCp1252("a中b💰!"), "a?b?!");
+    EXPECT_EQ(utf8ToCp1252("\uFFFD\u0081₹"), "???");
 }
 
 TEST(Utf8Columns, CountsAndCutsByCodePoint) {
-    struct Case {
-        const char* label;
-        std::string_view text;
-        std::size_t length;
-        std::size_t take;
-        std::string_view left;
+    // Text, its length, how many to take and what is left.
+    const std::tuple<std::string_view, std::size_t, std::size_t, std::string_view> cases[] = {
+        {"", 0, 3, ""},     {"abcdef", 6, 3, "abc"}, {"abc", 3, 0, ""}, {"abc", 3, 10, "abc"},
+        {" ×", 2, 2, " ×"}, {"ção", 3, 2, "çã"},     {"€5", 2, 1, "€"}, {"💰ab", 3, 2, "💰a"},
     };
-    const Case cases[] = {
-        {"empty", "", 0, 3, ""},
-        {"ascii", "abcdef", 6, 3, "abc"},
-        {"take nothing", "abc", 3, 0, ""},
-        {"take more than there is", "abc", 3, 10, "abc"},
-        {"operator suffix counts as two columns", " ×", 2, 2, " ×"},
-        {"cut never splits a letter", "ção", 3, 2, "çã"},
-        {"three-byte euro", "€5", 2, 1, "€"},
-        {"four-byte symbol", "💰ab", 3, 2, "💰a"},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.label);
-        EXPECT_EQ(utf8Length(c.text), c.length);
-        EXPECT_EQ(utf8Left(c.text, c.take), c.left);
+    for (const auto& [text, length, take, left] : cases) {
+        EXPECT_EQ(utf8Length(text), length) << text;
+        EXPECT_EQ(utf8Left(text, take), left) << text;
     }
 }
 
 TEST(TextFileDecoding, ReadsUtf8OrWindows1252) {
-    struct Case {
-        const char* label;
-        std::string_view bytes;
-        std::string_view text;
-    };
-    const Case cases[] = {
-        {"empty", "", ""},
-        {"utf-8 kept", "    9,00 ÷\r\n", "    9,00 ÷\r\n"},
-        {"byte-order mark dropped", "\uFEFF1,00 +\r\n", "1,00 +\r\n"},
-        {"only a byte-order mark", "\uFEFF", ""},
-        {"Windows-1252 tape", "    9,00 \xF7\r\n    2,00 \xD7\r\n", "    9,00 ÷\r\n    2,00 ×\r\n"},
+    const std::pair<std::string_view, std::string_view> cases[] = {
+        {"", ""},
+        {"    9,00 ÷\r\n", "    9,00 ÷\r\n"},
+        {"\uFEFF1,00 +\r\n", "1,00 +\r\n"},  // byte-order mark dropped
+        {"\uFEFF", ""},
+        {"    9,00 \xF7\r\n    2,00 \xD7\r\n", "    9,00 ÷\r\n    2,00 ×\r\n"},
         // One stray byte makes the whole file Windows-1252, so UTF-8 pairs in it read as two letters.
-        {"mixed file read as Windows-1252", "×\xD7", "Ã—×"},
-        {"byte-order mark before Windows-1252", "\uFEFF\xD7", "×"},
+        {"×\xD7", "Ã—×"},
+        {"\uFEFF\xD7", "×"},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.label);
-        EXPECT_EQ(decodeTextFile(c.bytes), c.text);
+    for (const auto& [bytes, text] : cases) {
+        EXPECT_EQ(decodeTextFile(bytes), text);
     }
 }
 
 TEST(Utf8UpperCase, RaisesLatinLettersAndKeepsByteOffsets) {
-    struct Case {
-        const char* label;
-        std::string_view text;
-        std::string_view upper;
-    };
-    const Case cases[] = {
-        {"ascii", "valor final: 10", "VALOR FINAL: 10"},
-        {"accented portuguese", "cálculo ação ê", "CÁLCULO AÇÃO Ê"},
-        {"divide sign is not a letter", "÷", "÷"},
-        {"times sign unchanged", "×", "×"},
-        {"sharp s has no one-letter capital", "ß", "ß"},
-        {"already upper", "Ç", "Ç"},
-        {"outside Latin-1 unchanged", "€œ", "€œ"},
-        {"digits and signs unchanged", "1.250,00 + - % =", "1.250,00 + - % ="},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.label);
-        EXPECT_EQ(utf8ToUpper(c.text), c.upper);
-    }
-}
+    EXPECT_EQ(utf8ToUpper("valor final: 10"), "VALOR FINAL: 10");
+    EXPECT_EQ(utf8ToUpper("cálculo ação ê Ç"), "CÁLCULO AÇÃO Ê Ç");
+    // Not letters, or no one-letter capital, or outside Latin-1: unchanged.
+    EXPECT_EQ(utf8ToUpper("÷ × ß €œ 1.250,00 + - % ="), "÷ × ß €œ 1.250,00 + - % =");
 
-TEST(Utf8UpperCase, EveryLatin1LetterKeepsItsLength) {
     // Finding text in the tape maps offsets in the upper-cased copy back to the tape.
     std::string all;
     for (char32_t cp = 0xA0; cp <= 0xFF; ++cp) {
