@@ -533,12 +533,8 @@ void FrmCalcula::applyLanguage() {
     lblVisor1->setAccessibleName(text(common::txt::kCounterName));
     fraTeclado->setAccessibleName(text(common::txt::kKeypadName));
     txtFita->setAccessibleName(plainCaption(text(96)));
-    const std::pair<QPushButton*, int> named[] = {{chkCE, 161}, {chkBack, 0}, {chkIgual, 124}};
-    for (const auto& [b, code] : named) {
-        if (code != 0) {
-            b->setAccessibleName(plainCaption(text(code)).trimmed());
-        }
-    }
+    chkCE->setAccessibleName(plainCaption(text(161)).trimmed());
+    chkBack->setAccessibleName(text(common::txt::kBackspaceName));
     setWindowTitle(m_ctx.auxiliary ? QStringLiteral(" Zavrello [Aux]") : QStringLiteral(" Zavrello"));
     fitWidth();
 }

@@ -62,6 +62,7 @@ inline constexpr int kTotalName = 239;
 inline constexpr int kCounterName = 240;
 inline constexpr int kKeypadName = 241;
 inline constexpr int kPortFailed = 242;  // with the port and the device
+inline constexpr int kBackspaceName = 243;
 }  // namespace txt
 
 }  // namespace zv::common
