@@ -1,35 +1,39 @@
+// Start-up: one running copy per user, found by its channel "Stiopreig"; the tray program with
+// its icon and utilities; the calculator window unless told to start in the tray.
 #include <QApplication>
+#include <QCoreApplication>
+#include <QDir>
+#include <QGuiApplication>
 #include <QLocale>
+#include <QThread>
+#include <QTime>
 #include <memory>
 
 #include "calc/frm_calcula.h"
 #include "common/clock.h"
 #include "common/dialogs.h"
 #include "common/qsettings_store.h"
+#include "common/settings_keys.h"
 #include "common/startup_entry.h"
 #include "copy_lock.h"
 #include "data_folder.h"
 #include "midi_out.h"
+#include "num_lock.h"
+#include "shortcut.h"
+#include "system_registry.h"
+#include "tray/frm_sys_tray.h"
+#include "tray/power_off_factory.h"
+#include "tray/single_copy.h"
+#include "tray/start_words.h"
 
 namespace {
 
-// The interface language from the user's locale: Portuguese for Brazil and Portugal, Spanish for
-// the Spanish locales, English otherwise.
-zv::common::Language localeLanguage(const QLocale& locale) {
-    switch (locale.language()) {
-        case QLocale::Portuguese:
-            return zv::common::Language::Portuguese;
-        case QLocale::Spanish:
-            return zv::common::Language::Spanish;
-        default:
-            return zv::common::Language::English;
-    }
-}
-
-zv::common::Regional regionalFromLocale() {
+zv::common::Regional regionalFromLocale(const zv::common::SettingsStore& store) {
     const QLocale locale;
     zv::common::Regional regional;
-    regional.language = localeLanguage(locale);
+    regional.language = zv::tray::startLanguage(
+        zv::common::GetSetting(store, zv::common::settings::kConfigura, zv::common::settings::kIdiomas2, "0"),
+        zv::tray::languageFromLocaleName(locale.name().toStdString()));
     regional.separators.decimal = locale.decimalPoint().toStdString();
     regional.separators.group = locale.groupSeparator().toStdString();
     if (regional.separators.group.empty() || regional.separators.group == regional.separators.decimal) {
@@ -53,34 +57,125 @@ zv::common::Regional regionalFromLocale() {
     return regional;
 }
 
+// The X display for switching NumLock on, when the program runs on X11.
+void* x11Display() {
+#if defined(Q_OS_LINUX)
+    if (auto* x11 = qApp->nativeInterface<QNativeInterface::QX11Application>()) {
+        return x11->display();
+    }
+#endif
+    return nullptr;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Zavrello"));
     QApplication::setOrganizationName(QStringLiteral("Zavrello"));
-    const QStringList words = QApplication::arguments().mid(1);
+    // The tray program decides when the program ends, not the last window.
+    QApplication::setQuitOnLastWindowClosed(false);
 
-    const std::filesystem::path folder = zv::platform::dataFolder();
-    // Each running copy keeps a tape file of its own.
-    std::optional<zv::platform::CopyLock> lock = zv::platform::CopyLock::acquire(folder);
+    const zv::tray::StartWords words =
+        zv::tray::parseStartWords(QApplication::arguments().mid(1).join(QLatin1Char(' ')).toStdString());
+    const QString channel = zv::app::SingleCopy::channelName();
+    if (words.fechar || words.atualiza) {
+        zv::app::SingleCopy::send(channel, QByteArray(zv::tray::kCloseMessage.data()));
+        if (words.fechar) {
+            return 0;
+        }
+    }
+    zv::app::SingleCopy single(channel);
+    bool first = single.listen();
+    // Taking the place of a copy that was just asked to end: give it a moment to go.
+    for (int i = 0; words.atualiza && !first && i < 30; ++i) {
+        QThread::msleep(100);
+        first = single.listen();
+    }
+    if (!first && !words.outra) {
+        const QByteArray show = QByteArray(zv::tray::kShowMessage.data()) +
+                                QTime::currentTime().toString(QStringLiteral("HH:mm:ss")).toLatin1();
+        if (zv::app::SingleCopy::send(channel, show)) {
+            return 0;
+        }
+    }
 
     zv::app::QSettingsStore store;
     const zv::common::SystemClock clock;
     zv::app::DesktopDialogs dialogs;
+    const zv::common::Regional regional = regionalFromLocale(store);
+    const std::filesystem::path folder = zv::platform::dataFolder();
+    // Each running calculator keeps a tape file of its own.
+    std::optional<zv::platform::CopyLock> lock = zv::platform::CopyLock::acquire(folder);
+    const std::unique_ptr<zv::tray::Registry> registry = zv::platform::makeSystemRegistry();
+
+    std::unique_ptr<zv::app::FrmSysTray> tray;
+    if (first) {
+        zv::app::TrayContext trayContext;
+        trayContext.store = &store;
+        trayContext.dialogs = &dialogs;
+        trayContext.clock = &clock;
+        trayContext.language = regional.language;
+        trayContext.registry = registry.get();
+        trayContext.powerOff = [] {
+            if (const std::unique_ptr<zv::platform::PowerOff> power = zv::app::makeSystemPowerOff()) {
+                power->powerOff();
+            }
+        };
+        trayContext.createShortcut = []() -> std::optional<std::string> {
+            const QString program = QCoreApplication::applicationFilePath();
+            const zv::platform::ShortcutResult result = zv::platform::createProgramShortcut(
+                QDir::toNativeSeparators(program).toStdString(),
+                QDir::toNativeSeparators(QCoreApplication::applicationDirPath()).toStdString());
+            return result.created ? std::optional<std::string>(result.where) : std::nullopt;
+        };
+        tray = std::make_unique<zv::app::FrmSysTray>(std::move(trayContext));
+    }
+
     zv::app::CalcWindowContext context;
     context.store = &store;
     context.dataFolder = folder;
     context.tapeSuffix = lock ? lock->suffix() : std::string("x");
-    context.regional = regionalFromLocale();
+    context.regional = regional;
     context.clock = &clock;
     context.dialogs = &dialogs;
     context.makeMidi = [] { return zv::platform::makeMidiOut(); };
     context.setStartWithSystem = zv::app::setStartWithSystem;
-    context.auxiliary = words.contains(QStringLiteral("outra"), Qt::CaseInsensitive);
-    context.timeMode = words.contains(QStringLiteral("tempo"), Qt::CaseInsensitive);
-
+    context.auxiliary = !first;
+    context.timeMode = !first && words.tempo;
+    context.utilities = tray ? tray->utilitiesMenu() : nullptr;
+    context.keepNumLockOn = [](bool checked) { return zv::platform::KeepNumLockOn(checked, x11Display()); };
+    zv::app::FrmSysTray* trayWindow = tray.get();
+    context.languageChanged = [trayWindow](zv::common::Language language) {
+        if (trayWindow != nullptr) {
+            trayWindow->setLanguage(language);
+        }
+    };
+    context.onClosed = [trayWindow](bool stayInTray) {
+        // With the icon in the tray the program stays; otherwise closing the calculator ends it.
+        if (trayWindow == nullptr || !stayInTray || !trayWindow->iconVisible()) {
+            QCoreApplication::quit();
+        }
+    };
     zv::app::FrmCalcula window(std::move(context));
-    window.show();
+
+    if (tray) {
+        tray->setCalculator(&window);
+        QObject::connect(&single, &zv::app::SingleCopy::showRequested, tray.get(),
+                         &zv::app::FrmSysTray::mnuSystray_Click);
+        const auto end = [&window] {
+            window.close();
+            QCoreApplication::quit();
+        };
+        QObject::connect(&single, &zv::app::SingleCopy::closeRequested, &app, end);
+        QObject::connect(tray.get(), &zv::app::FrmSysTray::quitRequested, &app, end);
+        const bool inTray = window.settings().stayInTray && tray->showIcon();
+        // Without an icon to come back from, the calculator is always shown.
+        if (!words.systray || !inTray) {
+            window.show();
+        }
+    } else {
+        window.show();
+    }
     return app.exec();
 }

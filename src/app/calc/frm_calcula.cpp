@@ -307,11 +307,17 @@ void FrmCalcula::buildMenus() {
     mnuRedo->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Y));
     opcoes->addSeparator();
     addAction(opcoes, "mnuExtenso", common::txt::kMnuExtenso, &FrmCalcula::mnuExtenso_Click);
-    // The document fillers, the converter and the utilities arrive with their own windows.
+    // The document fillers and the converter arrive with their own windows.
     addAction(opcoes, "mnuCheque", common::txt::kMnuCheque, nullptr)->setEnabled(false);
     addAction(opcoes, "mnuPromissoria", common::txt::kMnuPromissoria, nullptr)->setEnabled(false);
     addAction(opcoes, "mnuConverte", common::txt::kMnuConverte, nullptr)->setEnabled(false);
-    addAction(opcoes, "mnuUtil", common::txt::kMnuUtil, nullptr)->setEnabled(false);
+    // The utilities belong to the tray program; a copy without one has none to offer.
+    QAction* util = addAction(opcoes, "mnuUtil", common::txt::kMnuUtil, nullptr);
+    if (m_ctx.utilities != nullptr) {
+        util->setMenu(m_ctx.utilities);
+    } else {
+        util->setEnabled(false);
+    }
 
     QMenu* fita = submenu(bar, "mnuFita", 96);
     mnuEditar = addOption(fita, "mnuEditar", 97, &FrmCalcula::mnuEditar_Click);
@@ -688,8 +694,11 @@ void FrmCalcula::keyPressEvent(QKeyEvent* event) {
             Form_KeyPress(calc::key::kEnter);
             return;
         case Qt::Key_NumLock:
-            // With Enter adding, the keypad's NumLock strikes the total.
-            if (m_settings.enter == calc::EnterAction::Plus) {
+            // With Enter adding, the keypad's NumLock strikes the total; the press made to keep
+            // NumLock on is not the user's.
+            if (m_syntheticNumLock) {
+                m_syntheticNumLock = false;
+            } else if (m_settings.enter == calc::EnterAction::Plus) {
                 Form_KeyPress('=');
             }
             return;
@@ -718,6 +727,20 @@ bool FrmCalcula::eventFilter(QObject* watched, QEvent* event) {
     return QMainWindow::eventFilter(watched, event);
 }
 
+void FrmCalcula::keepNumLockOn() {
+    if (m_ctx.keepNumLockOn && m_ctx.keepNumLockOn(m_settings.numLock)) {
+        m_syntheticNumLock = true;
+    }
+}
+
+void FrmCalcula::changeEvent(QEvent* event) {
+    // Whenever the window comes to the front the laptop keypad is made ready again.
+    if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
+        keepNumLockOn();
+    }
+    QMainWindow::changeEvent(event);
+}
+
 void FrmCalcula::closeEvent(QCloseEvent* event) {
     if (txtFita->editing()) {
         mnuEditar->setChecked(false);
@@ -731,6 +754,9 @@ void FrmCalcula::closeEvent(QCloseEvent* event) {
         m_ctx.setStartWithSystem(m_settings.stayInTray);
     }
     event->accept();
+    if (m_ctx.onClosed) {
+        m_ctx.onClosed(m_settings.stayInTray);
+    }
 }
 
 void FrmCalcula::showClearReport(const calc::ClearReport& report) {
@@ -972,6 +998,7 @@ void FrmCalcula::mnuNumLock_Click() {
     options.numLock = m_settings.numLock;
     m_calc.setOptions(options);
     saveOption(keys::kNumLock, common::boolText(m_settings.numLock));
+    keepNumLockOn();
 }
 
 void FrmCalcula::mnuNumeral_Click(int index) {
@@ -1045,6 +1072,9 @@ void FrmCalcula::mnuIdioma_Click(int language) {
     m_settings.language = language;
     applyLanguage();
     saveOption(keys::kIdiomas2, std::to_string(language));
+    if (m_ctx.languageChanged) {
+        m_ctx.languageChanged(m_language);
+    }
 }
 
 void FrmCalcula::mnuXP_Click() {

@@ -41,6 +41,14 @@ struct CalcWindowContext {
     std::function<std::unique_ptr<platform::MidiOut>()> makeMidi;
     // Registers the program to start in the tray at logon, or not; none: leave the system alone.
     std::function<void(bool)> setStartWithSystem;
+    // The tray program's utilities (alarm, shutdown, restrictions, shortcut), offered as mnuUtil.
+    QMenu* utilities = nullptr;
+    // Told when the window has closed, with the "stay in the tray" option in force then.
+    std::function<void(bool stayInTray)> onClosed;
+    std::function<void(common::Language)> languageChanged;
+    // Keeps NumLock switched on while the option is checked; true when that took a synthetic
+    // NumLock key press, which the window must then not take for the user's.
+    std::function<bool(bool optionChecked)> keepNumLockOn;
     bool auxiliary = false;  // a copy opened from another one: " Zavrello [Aux]"
     bool timeMode = false;
 };
@@ -68,6 +76,7 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
     void buildWidgets();
@@ -122,6 +131,7 @@ private:
     void mnuEmail_Click();
     void clipboardChanged();
     void openMidi();
+    void keepNumLockOn();
 
     CalcWindowContext m_ctx;
     calc::CalcSettings m_settings;
@@ -134,6 +144,7 @@ private:
     std::unique_ptr<platform::MidiOut> m_midi;
     bool m_midiFailed = false;
     bool m_deleteArmed = false;
+    bool m_syntheticNumLock = false;
     int m_tapeWidth = 0;
     QString m_ownClipboardText;
 

@@ -63,6 +63,8 @@ inline constexpr int kCounterName = 240;
 inline constexpr int kKeypadName = 241;
 inline constexpr int kPortFailed = 242;  // with the port and the device
 inline constexpr int kBackspaceName = 243;
+inline constexpr int kShortcutCreated = 244;  // with where it went
+inline constexpr int kShortcutFailed = 245;
 }  // namespace txt
 
 }  // namespace zv::common

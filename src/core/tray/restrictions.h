@@ -13,10 +13,11 @@ namespace zv::tray {
 class Registry {
 public:
     virtual ~Registry() = default;
-    virtual std::string RegistryReadString(std::string_view subkey, std::string_view valueName, int rootIndex) = 0;
+    virtual std::string RegistryReadString(std::string_view subkey, std::string_view valueName,
+                                           int rootIndex) = 0;
     // kind 1: a string value; anything else: the value as a 32-bit number.
-    virtual void RegistryWriteValue(std::string_view subkey, std::string_view valueName, std::string_view value,
-                                    int rootIndex, int kind) = 0;
+    virtual void RegistryWriteValue(std::string_view subkey, std::string_view valueName,
+                                    std::string_view value, int rootIndex, int kind) = 0;
     virtual void RegistryDeleteValue(std::string_view subkey, std::string_view valueName, int rootIndex) = 0;
 };
 

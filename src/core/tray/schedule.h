@@ -45,7 +45,7 @@ public:
 
     struct TrayTick {
         bool beep = false;
-        int icon = 0;            // the tray icon to show: 0 normal, 2 the blink frame
+        int icon = 0;  // the tray icon to show: 0 normal, 2 the blink frame
         bool shutdownNow = false;
     };
     TrayTick tickBlink(int now);

@@ -1,0 +1,103 @@
+#pragma once
+
+#include <QIcon>
+#include <QObject>
+#include <QPointer>
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "common/clock.h"
+#include "common/regional.h"
+#include "common/settings_store.h"
+#include "tray/schedule.h"
+
+class QAction;
+class QMenu;
+class QSystemTrayIcon;
+class QTimer;
+class QWidget;
+
+namespace zv::tray {
+class Registry;
+}
+
+namespace zv::app {
+
+class Dialogs;
+
+// What the tray program is given from outside; tests pass fakes, and only the program's entry
+// point passes the real power-off.
+struct TrayContext {
+    common::SettingsStore* store = nullptr;
+    Dialogs* dialogs = nullptr;
+    const common::Clock* clock = nullptr;
+    common::Language language = common::Language::Portuguese;
+    tray::Registry* registry = nullptr;  // none: this system has no workstation policies
+    std::function<void()> powerOff;      // switches the computer off
+    // Creates the program's shortcut; where it went, or nullopt when it could not be made.
+    std::function<std::optional<std::string>()> createShortcut;
+};
+
+// frmSysTray: the program's icon in the notification area and its menu mnu0 (show the
+// calculator, the utilities, exit), the alarm and the timed shutdown with their two timers,
+// the workstation restrictions and the shortcut.
+class FrmSysTray final : public QObject {
+    Q_OBJECT
+public:
+    explicit FrmSysTray(TrayContext context, QObject* parent = nullptr);
+    ~FrmSysTray() override;
+
+    // Puts the icon in the notification area; false when the desktop has none.
+    bool showIcon();
+    bool iconVisible() const;
+    void setCalculator(QWidget* calculator) { m_calculator = calculator; }
+    // mnuUtil: the utilities, offered in the calculator's menu as well.
+    QMenu* utilitiesMenu() const { return m_util; }
+    QMenu* trayMenu() const { return m_menu; }
+    void setLanguage(common::Language language);
+
+    void mnuSystray_Click();
+    void mnuAlarme_Click();
+    void mnuDesligar_Click();
+    void mnuProteger_Click();
+    void mnuAtalho_Click();
+    void mnuSair_Click();
+    void tmrTempo_Timer();
+    void tmrTray_Timer();
+
+    const tray::Schedule& schedule() const { return m_schedule; }
+    bool watchRunning() const;
+    bool blinkRunning() const;
+    int iconFrame() const { return m_iconFrame; }
+
+    // The three icons: normal, and the two frames of the blinking one.
+    static QIcon drawIcon(int frame);
+
+signals:
+    void quitRequested();
+
+private:
+    QString text(int code, const QString& arg1 = {}, const QString& arg2 = {}) const;
+    int timeOfDay() const;
+    void setIconFrame(int frame);
+
+    TrayContext m_ctx;
+    tray::Schedule m_schedule;
+    QPointer<QWidget> m_calculator;
+    QSystemTrayIcon* m_icon = nullptr;
+    QIcon m_frames[3];
+    int m_iconFrame = 0;
+    QMenu* m_menu = nullptr;
+    QMenu* m_util = nullptr;
+    QAction* mnuSystray = nullptr;
+    QAction* mnuAlarme = nullptr;
+    QAction* mnuDesligar = nullptr;
+    QAction* mnuProteger = nullptr;
+    QAction* mnuAtalho = nullptr;
+    QAction* mnuSair = nullptr;
+    QTimer* tmrTempo = nullptr;
+    QTimer* tmrTray = nullptr;
+};
+
+}  // namespace zv::app

@@ -1,0 +1,17 @@
+#include "tray/power_off_factory.h"
+
+#ifndef _WIN32
+#include "tray/logind_power_off.h"
+#endif
+
+namespace zv::app {
+
+std::unique_ptr<platform::PowerOff> makeSystemPowerOff() {
+#ifdef _WIN32
+    return platform::makeNativePowerOff();
+#else
+    return std::make_unique<LogindPowerOff>();
+#endif
+}
+
+}  // namespace zv::app

@@ -1,0 +1,124 @@
+#include "tray/logind_power_off.h"
+
+#include <QDBusConnectionInterface>
+#include <QDBusContext>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QThread>
+#include <QtTest>
+#include <atomic>
+
+namespace zv::app {
+namespace {
+
+const QString kLogind = QStringLiteral("org.freedesktop.login1");
+
+// Stands in for the login manager on a private bus. It answers on a thread of its own, because
+// the request blocks the test's thread until the reply comes.
+class FakeLogind : public QObject, protected QDBusContext {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.login1.Manager")
+public:
+    std::atomic<int> calls{0};
+    std::atomic<bool> interactive{false};
+    std::atomic<bool> refuse{false};
+
+public slots:
+    void PowerOff(bool interactiveFlag) {
+        ++calls;
+        interactive = interactiveFlag;
+        if (refuse) {
+            sendErrorReply(QDBusError::AccessDenied, QStringLiteral("Access denied"));
+        }
+    }
+};
+
+}  // namespace
+
+// Only ever a private bus started here: the real system bus is never asked to power off.
+class LogindPowerOffTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase() {
+        const QString daemon = QStandardPaths::findExecutable(QStringLiteral("dbus-daemon"));
+        if (daemon.isEmpty()) {
+            QSKIP("dbus-daemon is not installed");
+        }
+        m_daemon.start(daemon, {QStringLiteral("--session"), QStringLiteral("--nofork"),
+                                QStringLiteral("--print-address")});
+        QVERIFY(m_daemon.waitForStarted());
+        QVERIFY(m_daemon.waitForReadyRead(10'000));
+        m_address = QString::fromUtf8(m_daemon.readLine()).trimmed();
+        QVERIFY(!m_address.isEmpty());
+
+        m_thread.start();
+        m_fake.moveToThread(&m_thread);
+        QDBusConnection logind = QDBusConnection::connectToBus(m_address, QStringLiteral("logind-side"));
+        QVERIFY(logind.isConnected());
+        QVERIFY(logind.registerObject(QStringLiteral("/org/freedesktop/login1"), &m_fake,
+                                      QDBusConnection::ExportAllSlots));
+    }
+
+    void cleanupTestCase() {
+        QDBusConnection::disconnectFromBus(QStringLiteral("logind-side"));
+        QDBusConnection::disconnectFromBus(QStringLiteral("caller"));
+        m_thread.quit();
+        m_thread.wait();
+        if (m_daemon.state() != QProcess::NotRunning) {
+            m_daemon.terminate();
+            m_daemon.waitForFinished();
+        }
+    }
+
+    void asksTheLoginManager_data() {
+        QTest::addColumn<bool>("present");
+        QTest::addColumn<bool>("refuses");
+        QTest::addColumn<bool>("accepted");
+        QTest::addColumn<int>("calls");
+        QTest::newRow("logind accepts") << true << false << true << 1;
+        QTest::newRow("logind refuses") << true << true << false << 1;
+        QTest::newRow("no logind on the bus") << false << false << false << 0;
+    }
+
+    // The fake only answers a call with the right name, path, interface, method and a boolean
+    // argument; anything else comes back as an error, so acceptance proves the request's shape.
+    void asksTheLoginManager() {
+        QFETCH(bool, present);
+        QFETCH(bool, refuses);
+        QFETCH(bool, accepted);
+        QFETCH(int, calls);
+        QDBusConnection logind(QStringLiteral("logind-side"));
+        if (present) {
+            QVERIFY(logind.registerService(kLogind));
+        }
+        m_fake.calls = 0;
+        m_fake.interactive = false;
+        m_fake.refuse = refuses;
+
+        LogindPowerOff powerOff(QDBusConnection::connectToBus(m_address, QStringLiteral("caller")));
+        QCOMPARE(powerOff.powerOff(), accepted);
+        QCOMPARE(m_fake.calls.load(), calls);
+        QCOMPARE(m_fake.interactive.load(), calls > 0);
+
+        if (present) {
+            QVERIFY(logind.unregisterService(kLogind));
+        }
+    }
+
+    void failsWithoutABus() {
+        LogindPowerOff powerOff(QDBusConnection(QStringLiteral("never-connected")));
+        QVERIFY(!powerOff.powerOff());
+    }
+
+private:
+    QProcess m_daemon;
+    QString m_address;
+    QThread m_thread;
+    FakeLogind m_fake;
+};
+
+}  // namespace zv::app
+
+QTEST_GUILESS_MAIN(zv::app::LogindPowerOffTest)
+#include "logind_power_off_test.moc"
