@@ -9,6 +9,10 @@
 #include <QTime>
 #include <memory>
 
+#ifdef _WIN32
+#include <windows.h>
+#endif
+
 #include "calc/frm_calcula.h"
 #include "common/clock.h"
 #include "common/dialogs.h"
@@ -31,9 +35,14 @@ namespace {
 zv::common::Regional regionalFromLocale(const zv::common::SettingsStore& store) {
     const QLocale locale;
     zv::common::Regional regional;
+#ifdef _WIN32
+    const zv::common::Language detected = zv::tray::languageFromLangId(GetUserDefaultLangID());
+#else
+    const zv::common::Language detected = zv::tray::languageFromLocaleName(locale.name().toStdString());
+#endif
     regional.language = zv::tray::startLanguage(
         zv::common::GetSetting(store, zv::common::settings::kConfigura, zv::common::settings::kIdiomas2, "0"),
-        zv::tray::languageFromLocaleName(locale.name().toStdString()));
+        detected);
     regional.separators.decimal = locale.decimalPoint().toStdString();
     regional.separators.group = locale.groupSeparator().toStdString();
     if (regional.separators.group.empty() || regional.separators.group == regional.separators.decimal) {

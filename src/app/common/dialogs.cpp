@@ -1,5 +1,7 @@
 #include "common/dialogs.h"
 
+#include "common/open_document.h"
+
 #include <QDesktopServices>
 #include <QFileDialog>
 #include <QInputDialog>
@@ -59,7 +61,7 @@ bool DesktopDialogs::print(QWidget* parent, QPrinter& printer, const std::functi
 }
 
 bool DesktopDialogs::openUrl(const QString& url) {
-    return QDesktopServices::openUrl(QUrl::fromUserInput(url));
+    return OpenDocument(url) > 32;
 }
 
 }  // namespace zv::app
