@@ -2,7 +2,6 @@
 
 #include "common/open_document.h"
 
-#include <QDesktopServices>
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QMessageBox>
