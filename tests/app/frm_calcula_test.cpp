@@ -18,37 +18,13 @@
 #include "common/text_table.h"
 #include "fakes/fake_clock.h"
 #include "fakes/sample_text.h"
+#include "fakes/scripted_dialogs.h"
 
 using namespace zv;
 
 namespace {
 
-// Answers for the user and records what the window said.
-class ScriptedDialogs final : public app::Dialogs {
-public:
-    void message(QWidget*, Icon, const QString& text) override { messages << text; }
-    bool question(QWidget*, const QString& text) override {
-        messages << text;
-        return false;
-    }
-    std::optional<QString> ask(QWidget*, const QString&, const QString& prompt, const QString&) override {
-        prompts << prompt;
-        return answers.isEmpty() ? std::nullopt : std::optional<QString>(answers.takeFirst());
-    }
-    QString saveFileName(QWidget*, const QString&, const QString&) override { return saveAs; }
-    bool print(QWidget*, QPrinter& printer, const std::function<bool(QPrinter&)>& paint) override {
-        printer.setOutputFormat(QPrinter::PdfFormat);
-        printer.setOutputFileName(pdfPath);
-        return paint(printer);
-    }
-    bool openUrl(const QString&) override { return true; }
-
-    QStringList messages;
-    QStringList prompts;
-    QStringList answers;
-    QString saveAs;
-    QString pdfPath;
-};
+using fakes::ScriptedDialogs;
 
 QString tapeLine(const char* amount, const char* symbol) {
     return QString::fromStdString(fakes::tapeLine(amount, symbol));

@@ -4,42 +4,20 @@
 #include <QMenu>
 #include <QSignalSpy>
 #include <QtTest>
-#include <deque>
 
 #include "common/dialogs.h"
 #include "common/text_table.h"
 #include "fakes/fake_clock.h"
 #include "fakes/memory_registry.h"
 #include "fakes/memory_settings_store.h"
+#include "fakes/scripted_dialogs.h"
 #include "tray/frm_sys_tray.h"
 
 using namespace zv;
 
 namespace {
 
-class ScriptedDialogs final : public app::Dialogs {
-public:
-    void message(QWidget*, Icon, const QString& text) override { messages << text; }
-    bool question(QWidget*, const QString& text) override {
-        messages << text;
-        return yes;
-    }
-    std::optional<QString> ask(QWidget*, const QString&, const QString&, const QString&) override {
-        if (answers.empty()) {
-            return std::nullopt;
-        }
-        const QString answer = answers.front();
-        answers.pop_front();
-        return answer;
-    }
-    QString saveFileName(QWidget*, const QString&, const QString&) override { return {}; }
-    bool print(QWidget*, QPrinter&, const std::function<bool(QPrinter&)>&) override { return false; }
-    bool openUrl(const QString&) override { return false; }
-
-    QStringList messages;
-    std::deque<QString> answers;
-    bool yes = true;
-};
+using fakes::ScriptedDialogs;
 
 QString pt(int code, const char* arg = "") {
     return QString::fromStdString(common::GetText(common::Language::Portuguese, code, arg));
@@ -78,6 +56,7 @@ class FrmSysTrayTest : public QObject {
 private slots:
     void init() {
         m_dialogs = ScriptedDialogs{};
+        m_dialogs.yes = true;
         m_registry = fakes::MemoryRegistry{};
         m_store = fakes::MemorySettingsStore{};
         m_powerOffs = 0;
