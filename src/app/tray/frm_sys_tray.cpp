@@ -61,6 +61,22 @@ FrmSysTray::FrmSysTray(TrayContext context, QObject* parent) : QObject(parent), 
     mnuSair = m_menu->addAction(QString(), this, &FrmSysTray::mnuSair_Click);
     mnuSair->setObjectName(QStringLiteral("mnuSair"));
 
+    const std::optional<bool> menuXP =
+        m_ctx.store != nullptr
+            ? common::parseBool(common::GetSetting(*m_ctx.store, common::settings::kConfigura,
+                                                   common::settings::kMenuXP, "True"))
+            : std::nullopt;
+    if (menuXP.value_or(true)) {
+        // The same flat office look as the calculator's menus.
+        for (QMenu* menu : {m_menu, m_util}) {
+            QPalette palette = menu->palette();
+            palette.setColor(QPalette::Window, QColor(0xfb, 0xfb, 0xf9));
+            palette.setColor(QPalette::Highlight, QColor(0xc1, 0xd2, 0xee));
+            palette.setColor(QPalette::HighlightedText, Qt::black);
+            menu->setPalette(palette);
+        }
+    }
+
     tmrTempo = new QTimer(this);
     tmrTempo->setObjectName(QStringLiteral("tmrTempo"));
     tmrTempo->setInterval(1000);
