@@ -30,6 +30,7 @@
 #include "calc/tape_printer.h"
 #include "calc/tape_view.h"
 #include "common/dialogs.h"
+#include "common/menu_look.h"
 #include "common/money.h"
 #include "common/number_format.h"
 #include "common/settings_keys.h"
@@ -398,14 +399,8 @@ void FrmCalcula::buildMenus() {
     addAction(ajuda, "mnuEmail", 128, &FrmCalcula::mnuEmail_Click);
 
     if (m_settings.menuXP) {
-        // The flat office look: light menus, a pale blue bar on the item under the mouse, icons.
-        // A palette rather than a style sheet: style sheets cost start-up time on every widget.
         for (QMenu* menu : findChildren<QMenu*>()) {
-            QPalette palette = menu->palette();
-            palette.setColor(QPalette::Window, QColor(0xfb, 0xfb, 0xf9));
-            palette.setColor(QPalette::Highlight, QColor(0xc1, 0xd2, 0xee));
-            palette.setColor(QPalette::HighlightedText, Qt::black);
-            menu->setPalette(palette);
+            applyOfficeMenuLook(menu);
         }
         // The icons come from the icon theme, which is slow to read: they are looked up when the
         // menu bar is first opened, not while the window starts.

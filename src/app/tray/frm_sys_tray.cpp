@@ -10,6 +10,7 @@
 #include <QWidget>
 
 #include "common/dialogs.h"
+#include "common/menu_look.h"
 #include "common/settings_keys.h"
 #include "common/text_table.h"
 #include "tray/restrictions.h"
@@ -67,14 +68,8 @@ FrmSysTray::FrmSysTray(TrayContext context, QObject* parent) : QObject(parent), 
                                                    common::settings::kMenuXP, "True"))
             : std::nullopt;
     if (menuXP.value_or(true)) {
-        // The same flat office look as the calculator's menus.
-        for (QMenu* menu : {m_menu, m_util}) {
-            QPalette palette = menu->palette();
-            palette.setColor(QPalette::Window, QColor(0xfb, 0xfb, 0xf9));
-            palette.setColor(QPalette::Highlight, QColor(0xc1, 0xd2, 0xee));
-            palette.setColor(QPalette::HighlightedText, Qt::black);
-            menu->setPalette(palette);
-        }
+        applyOfficeMenuLook(m_menu);
+        applyOfficeMenuLook(m_util);
     }
 
     tmrTempo = new QTimer(this);
