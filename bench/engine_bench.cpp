@@ -1,7 +1,7 @@
 // The adding machine's own cost: keys in, tape lines and totals out, nothing written to disk.
 #include <benchmark/benchmark.h>
 
-#include "calc/calculator.h"
+#include "core/calc/calculator.h"
 
 namespace {
 

@@ -7,9 +7,9 @@
 #include <random>
 #include <string>
 
-#include "calc/tape_file.h"
-#include "common/text_encoding.h"
-#include "common/text_file.h"
+#include "core/calc/tape_file.h"
+#include "core/common/text_encoding.h"
+#include "core/common/text_file.h"
 
 namespace {
 

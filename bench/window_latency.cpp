@@ -11,10 +11,10 @@
 #include <fstream>
 #include <vector>
 
-#include "calc/frm_calcula.h"
-#include "common/clock.h"
-#include "common/dialogs.h"
-#include "common/qsettings_store.h"
+#include "app/calc/frm_calcula.h"
+#include "app/common/dialogs.h"
+#include "app/common/qsettings_store.h"
+#include "core/common/clock.h"
 
 namespace {
 

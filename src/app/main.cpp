@@ -13,22 +13,22 @@
 #include <windows.h>
 #endif
 
-#include "calc/frm_calcula.h"
-#include "common/clock.h"
-#include "common/dialogs.h"
-#include "common/qsettings_store.h"
-#include "common/settings_keys.h"
-#include "common/startup_entry.h"
-#include "copy_lock.h"
-#include "data_folder.h"
-#include "midi_out.h"
-#include "num_lock.h"
-#include "shortcut.h"
-#include "system_registry.h"
-#include "tray/frm_sys_tray.h"
-#include "tray/power_off_factory.h"
-#include "tray/single_copy.h"
-#include "tray/start_words.h"
+#include "app/calc/frm_calcula.h"
+#include "app/common/dialogs.h"
+#include "app/common/qsettings_store.h"
+#include "app/common/startup_entry.h"
+#include "app/tray/frm_sys_tray.h"
+#include "app/tray/power_off_factory.h"
+#include "app/tray/single_copy.h"
+#include "core/common/clock.h"
+#include "core/common/settings_keys.h"
+#include "core/tray/start_words.h"
+#include "platform/copy_lock.h"
+#include "platform/data_folder.h"
+#include "platform/midi_out.h"
+#include "platform/num_lock.h"
+#include "platform/shortcut.h"
+#include "platform/system_registry.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "cli.h"
+#include "cli/cli.h"
 
 #include <charconv>
 #include <istream>
@@ -6,12 +6,12 @@
 #include <ostream>
 #include <string_view>
 
-#include "calc/calculator.h"
-#include "common/clock.h"
-#include "common/money.h"
-#include "common/text_table.h"
-#include "terminal.h"
-#include "words/amount_in_words.h"
+#include "cli/terminal.h"
+#include "core/calc/calculator.h"
+#include "core/common/clock.h"
+#include "core/common/money.h"
+#include "core/common/text_table.h"
+#include "core/words/amount_in_words.h"
 
 namespace zv::cli {
 namespace {

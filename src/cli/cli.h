@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "common/regional.h"
+#include "core/common/regional.h"
 
 namespace zv::cli {
 

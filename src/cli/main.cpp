@@ -14,7 +14,7 @@
 #define ZV_FILENO fileno
 #endif
 
-#include "cli.h"
+#include "cli/cli.h"
 
 namespace {
 

@@ -1,16 +1,16 @@
-#include "terminal.h"
+#include "cli/terminal.h"
 
 #include <cstdio>
 #include <iostream>
 #include <string>
 #include <string_view>
 
-#include "calc/backup_file.h"
-#include "calc/tape_file.h"
-#include "common/clock.h"
-#include "common/text_table.h"
-#include "copy_lock.h"
-#include "data_folder.h"
+#include "core/calc/backup_file.h"
+#include "core/calc/tape_file.h"
+#include "core/common/clock.h"
+#include "core/common/text_table.h"
+#include "platform/copy_lock.h"
+#include "platform/data_folder.h"
 
 #ifndef _WIN32
 #include <sys/ioctl.h>

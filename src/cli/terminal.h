@@ -1,7 +1,7 @@
 #pragma once
 
-#include "calc/calculator.h"
-#include "common/regional.h"
+#include "core/calc/calculator.h"
+#include "core/common/regional.h"
 
 namespace zv::cli {
 

@@ -1,4 +1,4 @@
-#include "copy_lock.h"
+#include "platform/copy_lock.h"
 
 #ifdef _WIN32
 #include <windows.h>

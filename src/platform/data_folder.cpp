@@ -1,4 +1,4 @@
-#include "data_folder.h"
+#include "platform/data_folder.h"
 
 #include <cstdlib>
 #include <system_error>

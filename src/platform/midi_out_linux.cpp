@@ -8,8 +8,8 @@
 #include <system_error>
 #include <vector>
 
-#include "linux/fluid_render.h"
-#include "midi_out.h"
+#include "platform/linux/fluid_render.h"
+#include "platform/midi_out.h"
 
 namespace zv::platform {
 namespace {

@@ -10,7 +10,7 @@
 #include <memory>
 #include <mutex>
 
-#include "midi_out.h"
+#include "platform/midi_out.h"
 
 namespace zv::platform {
 namespace {

@@ -1,4 +1,4 @@
-#include "num_lock.h"
+#include "platform/num_lock.h"
 
 #ifdef _WIN32
 #ifndef NOMINMAX

@@ -1,4 +1,4 @@
-#include "power_off.h"
+#include "platform/power_off.h"
 
 #ifdef _WIN32
 #ifndef NOMINMAX

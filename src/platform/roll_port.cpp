@@ -1,4 +1,4 @@
-#include "roll_port.h"
+#include "platform/roll_port.h"
 
 #include <algorithm>
 #include <cstddef>

@@ -1,11 +1,11 @@
-#include "shortcut.h"
+#include "platform/shortcut.h"
 
 #include <filesystem>
 #include <system_error>
 
 #ifdef _WIN32
 // windows.h (through wide_text.h) before the shell headers, which depend on its types.
-#include "windows/wide_text.h"
+#include "platform/windows/wide_text.h"
 // clang-format off
 #include <objbase.h>
 #include <shlobj.h>

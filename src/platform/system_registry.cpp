@@ -1,4 +1,4 @@
-#include "system_registry.h"
+#include "platform/system_registry.h"
 
 #ifdef _WIN32
 #include <charconv>
@@ -8,7 +8,7 @@
 #include <optional>
 #include <vector>
 
-#include "windows/wide_text.h"
+#include "platform/windows/wide_text.h"
 #endif
 
 namespace zv::platform {

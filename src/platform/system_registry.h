@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "tray/restrictions.h"
+#include "core/tray/restrictions.h"
 
 namespace zv::platform {
 

@@ -11,11 +11,11 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
-#include "calc/frm_calcula.h"
-#include "calc/tape_view.h"
-#include "common/dialogs.h"
-#include "common/qsettings_store.h"
-#include "common/text_table.h"
+#include "app/calc/frm_calcula.h"
+#include "app/calc/tape_view.h"
+#include "app/common/dialogs.h"
+#include "app/common/qsettings_store.h"
+#include "core/common/text_table.h"
 #include "fakes/fake_clock.h"
 #include "fakes/sample_text.h"
 #include "fakes/scripted_dialogs.h"

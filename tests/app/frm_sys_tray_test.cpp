@@ -5,13 +5,13 @@
 #include <QSignalSpy>
 #include <QtTest>
 
-#include "common/dialogs.h"
-#include "common/text_table.h"
+#include "app/common/dialogs.h"
+#include "app/tray/frm_sys_tray.h"
+#include "core/common/text_table.h"
 #include "fakes/fake_clock.h"
 #include "fakes/memory_registry.h"
 #include "fakes/memory_settings_store.h"
 #include "fakes/scripted_dialogs.h"
-#include "tray/frm_sys_tray.h"
 
 using namespace zv;
 

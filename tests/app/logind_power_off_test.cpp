@@ -1,4 +1,4 @@
-#include "tray/logind_power_off.h"
+#include "app/tray/logind_power_off.h"
 
 #include <QDBusConnectionInterface>
 #include <QDBusContext>

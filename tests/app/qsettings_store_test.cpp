@@ -3,8 +3,8 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
-#include "common/qsettings_store.h"
-#include "common/settings_keys.h"
+#include "app/common/qsettings_store.h"
+#include "core/common/settings_keys.h"
 
 using zv::app::QSettingsStore;
 namespace keys = zv::common::settings;

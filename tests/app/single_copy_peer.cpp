@@ -4,7 +4,7 @@
 #include <QCoreApplication>
 #include <cstdio>
 
-#include "tray/single_copy.h"
+#include "app/tray/single_copy.h"
 
 int main(int argc, char** argv) {
     QCoreApplication app(argc, argv);

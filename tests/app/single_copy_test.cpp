@@ -4,7 +4,7 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
-#include "tray/single_copy.h"
+#include "app/tray/single_copy.h"
 
 using zv::app::SingleCopy;
 

@@ -5,7 +5,7 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
-#include "calc/tape_printer.h"
+#include "app/calc/tape_printer.h"
 
 using zv::app::PrintSize;
 

@@ -5,7 +5,7 @@
 #include <cstdlib>
 #include <string>
 
-#include "common/text_file.h"
+#include "core/common/text_file.h"
 #include "fakes/temp_folder.h"
 
 namespace {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "common/clock.h"
+#include "core/common/clock.h"
 
 namespace zv::fakes {
 

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "calc/backup_file.h"
+#include "core/calc/backup_file.h"
 
 namespace zv::fakes {
 

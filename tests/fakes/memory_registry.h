@@ -6,7 +6,7 @@
 #include <tuple>
 #include <vector>
 
-#include "tray/restrictions.h"
+#include "core/tray/restrictions.h"
 
 namespace zv::fakes {
 

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <utility>
 
-#include "common/settings_store.h"
+#include "core/common/settings_store.h"
 
 namespace zv::fakes {
 

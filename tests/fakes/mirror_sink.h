@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "calc/tape_sink.h"
+#include "core/calc/tape_sink.h"
 
 namespace zv::fakes {
 

@@ -3,7 +3,7 @@
 #include <QPrinter>
 #include <QStringList>
 
-#include "common/dialogs.h"
+#include "app/common/dialogs.h"
 
 namespace zv::fakes {
 

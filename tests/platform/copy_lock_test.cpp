@@ -1,12 +1,12 @@
-#include "copy_lock.h"
+#include "platform/copy_lock.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdlib>
 #include <filesystem>
 
-#include "data_folder.h"
 #include "fakes/temp_folder.h"
+#include "platform/data_folder.h"
 
 namespace zv::platform {
 namespace {

@@ -1,4 +1,4 @@
-#include "midi_out.h"
+#include "platform/midi_out.h"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +8,7 @@
 #include <vector>
 
 #ifndef _WIN32
-#include "linux/fluid_render.h"
+#include "platform/linux/fluid_render.h"
 #endif
 
 namespace zv::platform {

@@ -1,11 +1,11 @@
-#include "roll_port.h"
+#include "platform/roll_port.h"
 
 #include <gtest/gtest.h>
 
 #include <chrono>
 #include <string>
 
-#include "common/text_file.h"
+#include "core/common/text_file.h"
 #include "fakes/temp_folder.h"
 
 #ifndef _WIN32

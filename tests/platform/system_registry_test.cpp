@@ -1,4 +1,4 @@
-#include "system_registry.h"
+#include "platform/system_registry.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "calc/frm_calcula.h"
+#include "app/calc/frm_calcula.h"
 
 #include <QAction>
 #include <QActionGroup>
@@ -26,18 +26,18 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
-#include "calc/clipboard_numbers.h"
-#include "calc/tape_printer.h"
-#include "calc/tape_view.h"
-#include "common/dialogs.h"
-#include "common/menu_look.h"
-#include "common/money.h"
-#include "common/number_format.h"
-#include "common/settings_keys.h"
-#include "common/text_file.h"
-#include "common/text_table.h"
-#include "roll_port.h"
-#include "words/amount_in_words.h"
+#include "app/calc/tape_printer.h"
+#include "app/calc/tape_view.h"
+#include "app/common/dialogs.h"
+#include "app/common/menu_look.h"
+#include "core/calc/clipboard_numbers.h"
+#include "core/common/money.h"
+#include "core/common/number_format.h"
+#include "core/common/settings_keys.h"
+#include "core/common/text_file.h"
+#include "core/common/text_table.h"
+#include "core/words/amount_in_words.h"
+#include "platform/roll_port.h"
 
 #ifndef ZV_BUILD_NUMBER
 #define ZV_BUILD_NUMBER 1

@@ -8,14 +8,14 @@
 #include <memory>
 #include <optional>
 
-#include "calc/backup_file.h"
-#include "calc/calc_settings.h"
-#include "calc/calculator.h"
-#include "calc/tape_file.h"
-#include "common/clock.h"
-#include "common/regional.h"
-#include "common/settings_store.h"
-#include "midi_out.h"
+#include "core/calc/backup_file.h"
+#include "core/calc/calc_settings.h"
+#include "core/calc/calculator.h"
+#include "core/calc/tape_file.h"
+#include "core/common/clock.h"
+#include "core/common/regional.h"
+#include "core/common/settings_store.h"
+#include "platform/midi_out.h"
 
 class QAction;
 class QActionGroup;

@@ -1,4 +1,4 @@
-#include "calc/tape_printer.h"
+#include "app/calc/tape_printer.h"
 
 #include <QFont>
 #include <QFontDatabase>

@@ -1,4 +1,4 @@
-#include "calc/tape_view.h"
+#include "app/calc/tape_view.h"
 
 #include <QFontDatabase>
 #include <QMouseEvent>

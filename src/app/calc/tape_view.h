@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <vector>
 
-#include "calc/tape_sink.h"
+#include "core/calc/tape_sink.h"
 
 namespace zv::app {
 

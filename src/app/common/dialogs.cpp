@@ -1,6 +1,6 @@
-#include "common/dialogs.h"
+#include "app/common/dialogs.h"
 
-#include "common/open_document.h"
+#include "app/common/open_document.h"
 
 #include <QFileDialog>
 #include <QInputDialog>

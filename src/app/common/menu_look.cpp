@@ -1,4 +1,4 @@
-#include "common/menu_look.h"
+#include "app/common/menu_look.h"
 
 #include <QMenu>
 

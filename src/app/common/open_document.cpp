@@ -1,4 +1,4 @@
-#include "common/open_document.h"
+#include "app/common/open_document.h"
 
 #include <QDesktopServices>
 #include <QUrl>

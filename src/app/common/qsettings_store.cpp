@@ -1,4 +1,4 @@
-#include "common/qsettings_store.h"
+#include "app/common/qsettings_store.h"
 
 #include <QStandardPaths>
 #include <QStringList>

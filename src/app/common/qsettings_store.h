@@ -3,7 +3,7 @@
 #include <QSettings>
 #include <memory>
 
-#include "common/settings_store.h"
+#include "core/common/settings_store.h"
 
 namespace zv::app {
 

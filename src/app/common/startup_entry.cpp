@@ -1,4 +1,4 @@
-#include "common/startup_entry.h"
+#include "app/common/startup_entry.h"
 
 #include <QCoreApplication>
 #include <QDir>

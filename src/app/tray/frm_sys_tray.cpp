@@ -1,4 +1,4 @@
-#include "tray/frm_sys_tray.h"
+#include "app/tray/frm_sys_tray.h"
 
 #include <QAction>
 #include <QApplication>
@@ -9,11 +9,11 @@
 #include <QTimer>
 #include <QWidget>
 
-#include "common/dialogs.h"
-#include "common/menu_look.h"
-#include "common/settings_keys.h"
-#include "common/text_table.h"
-#include "tray/restrictions.h"
+#include "app/common/dialogs.h"
+#include "app/common/menu_look.h"
+#include "core/common/settings_keys.h"
+#include "core/common/text_table.h"
+#include "core/tray/restrictions.h"
 
 namespace zv::app {
 namespace {

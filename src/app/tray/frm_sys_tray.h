@@ -7,10 +7,10 @@
 #include <optional>
 #include <string>
 
-#include "common/clock.h"
-#include "common/regional.h"
-#include "common/settings_store.h"
-#include "tray/schedule.h"
+#include "core/common/clock.h"
+#include "core/common/regional.h"
+#include "core/common/settings_store.h"
+#include "core/tray/schedule.h"
 
 class QAction;
 class QMenu;

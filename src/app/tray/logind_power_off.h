@@ -3,7 +3,7 @@
 #include <QDBusConnection>
 #include <QDBusMessage>
 
-#include "power_off.h"
+#include "platform/power_off.h"
 
 namespace zv::app {
 

@@ -1,7 +1,7 @@
-#include "tray/power_off_factory.h"
+#include "app/tray/power_off_factory.h"
 
 #ifndef _WIN32
-#include "tray/logind_power_off.h"
+#include "app/tray/logind_power_off.h"
 #endif
 
 namespace zv::app {

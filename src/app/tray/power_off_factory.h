@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "power_off.h"
+#include "platform/power_off.h"
 
 namespace zv::app {
 

@@ -1,4 +1,4 @@
-#include "tray/single_copy.h"
+#include "app/tray/single_copy.h"
 
 #include <QDir>
 #include <QFile>
@@ -6,7 +6,7 @@
 #include <QLocalSocket>
 #include <QStandardPaths>
 
-#include "tray/start_words.h"
+#include "core/tray/start_words.h"
 
 #ifndef _WIN32
 #include <fcntl.h>

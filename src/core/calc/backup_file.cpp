@@ -1,10 +1,10 @@
-#include "calc/backup_file.h"
+#include "core/calc/backup_file.h"
 
 #include <string>
 #include <system_error>
 
-#include "common/text_encoding.h"
-#include "common/text_file.h"
+#include "core/common/text_encoding.h"
+#include "core/common/text_file.h"
 
 namespace zv::calc {
 

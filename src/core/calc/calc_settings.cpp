@@ -1,9 +1,9 @@
-#include "calc/calc_settings.h"
+#include "core/calc/calc_settings.h"
 
 #include <limits>
 #include <string_view>
 
-#include "common/settings_keys.h"
+#include "core/common/settings_keys.h"
 
 namespace zv::calc {
 

@@ -3,8 +3,8 @@
 #include <optional>
 #include <string>
 
-#include "calc/calculator.h"
-#include "common/settings_store.h"
+#include "core/calc/calculator.h"
+#include "core/common/settings_store.h"
 
 namespace zv::calc {
 

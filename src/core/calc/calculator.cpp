@@ -1,10 +1,10 @@
-#include "calc/calculator.h"
+#include "core/calc/calculator.h"
 
 #include <charconv>
 #include <cmath>
 
-#include "common/number_format.h"
-#include "common/text_encoding.h"
+#include "core/common/number_format.h"
+#include "core/common/text_encoding.h"
 
 namespace zv::calc {
 namespace {

@@ -6,10 +6,10 @@
 #include <string_view>
 #include <vector>
 
-#include "calc/backup_file.h"
-#include "calc/tape.h"
-#include "common/clock.h"
-#include "common/regional.h"
+#include "core/calc/backup_file.h"
+#include "core/calc/tape.h"
+#include "core/common/clock.h"
+#include "core/common/regional.h"
 
 namespace zv::calc {
 

@@ -1,10 +1,10 @@
-#include "calc/clipboard_numbers.h"
+#include "core/calc/clipboard_numbers.h"
 
 #include <charconv>
 #include <cmath>
 #include <optional>
 
-#include "common/number_format.h"
+#include "core/common/number_format.h"
 
 namespace zv::calc {
 

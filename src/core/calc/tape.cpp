@@ -1,8 +1,8 @@
-#include "calc/tape.h"
+#include "core/calc/tape.h"
 
 #include <cstdio>
 
-#include "common/text_encoding.h"
+#include "core/common/text_encoding.h"
 
 namespace zv::calc {
 

@@ -5,9 +5,9 @@
 #include <string>
 #include <string_view>
 
-#include "calc/tape_sink.h"
-#include "common/clock.h"
-#include "common/regional.h"
+#include "core/calc/tape_sink.h"
+#include "core/common/clock.h"
+#include "core/common/regional.h"
 
 namespace zv::calc {
 

@@ -1,13 +1,13 @@
-#include "calc/tape_file.h"
+#include "core/calc/tape_file.h"
 
 #include <algorithm>
 #include <climits>
 #include <string>
 #include <system_error>
 
-#include "calc/tape.h"
-#include "common/text_encoding.h"
-#include "common/text_file.h"
+#include "core/calc/tape.h"
+#include "core/common/text_encoding.h"
+#include "core/common/text_file.h"
 
 namespace zv::calc {
 namespace {

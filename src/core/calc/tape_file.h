@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "calc/tape_sink.h"
+#include "core/calc/tape_sink.h"
 
 namespace zv::calc {
 

@@ -1,8 +1,8 @@
-#include "common/money.h"
+#include "core/common/money.h"
 
 #include <cmath>
 
-#include "common/number_format.h"
+#include "core/common/number_format.h"
 
 namespace zv::common {
 namespace {

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "common/regional.h"
+#include "core/common/regional.h"
 
 namespace zv::common {
 

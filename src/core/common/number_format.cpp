@@ -1,4 +1,4 @@
-#include "common/number_format.h"
+#include "core/common/number_format.h"
 
 #include <algorithm>
 #include <charconv>

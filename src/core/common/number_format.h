@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "common/regional.h"
+#include "core/common/regional.h"
 
 namespace zv::common {
 

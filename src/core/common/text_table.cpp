@@ -1,4 +1,4 @@
-#include "common/text_table.h"
+#include "core/common/text_table.h"
 
 #include <algorithm>
 #include <array>
@@ -15,7 +15,7 @@ struct Entry {
 
 // clang-format off
 constexpr Entry kTable[] = {
-#include "common/text_table_data.inc"
+#include "core/common/text_table_data.inc"
 };
 // clang-format on
 

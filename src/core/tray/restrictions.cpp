@@ -1,4 +1,4 @@
-#include "tray/restrictions.h"
+#include "core/tray/restrictions.h"
 
 namespace zv::tray {
 

@@ -1,8 +1,8 @@
-#include "tray/schedule.h"
+#include "core/tray/schedule.h"
 
 #include <cstdio>
 
-#include "common/text_encoding.h"
+#include "core/common/text_encoding.h"
 
 namespace zv::tray {
 

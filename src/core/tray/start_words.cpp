@@ -1,4 +1,4 @@
-#include "tray/start_words.h"
+#include "core/tray/start_words.h"
 
 #include <cctype>
 #include <string>

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "common/regional.h"
+#include "core/common/regional.h"
 
 namespace zv::tray {
 

@@ -1,10 +1,10 @@
-#include "words/amount_in_words.h"
+#include "core/words/amount_in_words.h"
 
 #include <array>
 #include <cmath>
 
-#include "common/number_format.h"
-#include "common/text_encoding.h"
+#include "core/common/number_format.h"
+#include "core/common/text_encoding.h"
 
 namespace zv::words {
 

@@ -1,11 +1,11 @@
-#include "calc/backup_file.h"
+#include "core/calc/backup_file.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 
-#include "common/text_encoding.h"
-#include "common/text_file.h"
+#include "core/common/text_encoding.h"
+#include "core/common/text_file.h"
 #include "fakes/temp_folder.h"
 
 namespace zv::calc {

@@ -1,8 +1,8 @@
-#include "calc/calc_settings.h"
+#include "core/calc/calc_settings.h"
 
 #include <gtest/gtest.h>
 
-#include "common/settings_keys.h"
+#include "core/common/settings_keys.h"
 #include "fakes/memory_settings_store.h"
 
 using namespace zv::calc;

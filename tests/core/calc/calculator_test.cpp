@@ -1,4 +1,4 @@
-#include "calc/calculator.h"
+#include "core/calc/calculator.h"
 
 #include <gtest/gtest.h>
 

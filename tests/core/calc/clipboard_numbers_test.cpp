@@ -1,4 +1,4 @@
-#include "calc/clipboard_numbers.h"
+#include "core/calc/clipboard_numbers.h"
 
 #include <gtest/gtest.h>
 

@@ -17,10 +17,10 @@ TEST(TapeCrash, EveryConfirmedChangeSurvivesAKillAtAnyMoment) {
 #include <random>
 #include <string>
 
-#include "calc/tape.h"
-#include "calc/tape_file.h"
-#include "common/text_encoding.h"
-#include "common/text_file.h"
+#include "core/calc/tape.h"
+#include "core/calc/tape_file.h"
+#include "core/common/text_encoding.h"
+#include "core/common/text_file.h"
 #include "fakes/temp_folder.h"
 
 namespace zv::calc {

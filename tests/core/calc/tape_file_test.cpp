@@ -1,4 +1,4 @@
-#include "calc/tape_file.h"
+#include "core/calc/tape_file.h"
 
 #include <gtest/gtest.h>
 
@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "common/text_file.h"
+#include "core/common/text_file.h"
 #include "fakes/sample_text.h"
 #include "fakes/temp_folder.h"
 

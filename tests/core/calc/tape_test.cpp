@@ -1,4 +1,4 @@
-#include "calc/tape.h"
+#include "core/calc/tape.h"
 
 #include <gtest/gtest.h>
 

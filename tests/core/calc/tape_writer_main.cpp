@@ -16,8 +16,8 @@
 #include <string>
 #include <string_view>
 
-#include "calc/tape.h"
-#include "calc/tape_file.h"
+#include "core/calc/tape.h"
+#include "core/calc/tape_file.h"
 
 using zv::calc::kAmountColumns;
 

@@ -1,4 +1,4 @@
-#include "common/money.h"
+#include "core/common/money.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "common/text_table.h"
+#include "core/common/text_table.h"
 
 #include <gtest/gtest.h>
 
@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "common/text_encoding.h"
+#include "core/common/text_encoding.h"
 
 namespace zv::common {
 namespace {

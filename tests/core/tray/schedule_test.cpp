@@ -1,4 +1,4 @@
-#include "tray/schedule.h"
+#include "core/tray/schedule.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "words/amount_in_words.h"
+#include "core/words/amount_in_words.h"
 
 #include <gtest/gtest.h>
 
