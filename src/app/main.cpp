@@ -43,11 +43,8 @@ zv::common::Regional regionalFromLocale(const zv::common::SettingsStore& store) 
     regional.language = zv::tray::startLanguage(
         zv::common::GetSetting(store, zv::common::settings::kConfigura, zv::common::settings::kIdiomas2, "0"),
         detected);
-    regional.separators.decimal = locale.decimalPoint().toStdString();
-    regional.separators.group = locale.groupSeparator().toStdString();
-    if (regional.separators.group.empty() || regional.separators.group == regional.separators.decimal) {
-        regional.separators.group = regional.separators.decimal == "," ? "." : ",";
-    }
+    regional.separators = zv::common::withGroupFallback(
+        {locale.decimalPoint().toStdString(), locale.groupSeparator().toStdString()});
     const QString pattern = locale.dateFormat(QLocale::ShortFormat);
     const qsizetype d = pattern.indexOf(QLatin1Char('d'));
     const qsizetype m = pattern.indexOf(QLatin1Char('M'));

@@ -25,13 +25,9 @@ zv::common::NumberSeparators localeSeparators() {
         std::setlocale(LC_NUMERIC, "C");
     }
     const std::lconv* lc = std::localeconv();
-    seps.decimal =
-        lc != nullptr && lc->decimal_point != nullptr && *lc->decimal_point ? lc->decimal_point : ".";
+    seps.decimal = lc != nullptr && lc->decimal_point != nullptr ? lc->decimal_point : "";
     seps.group = lc != nullptr && lc->thousands_sep != nullptr ? lc->thousands_sep : "";
-    if (seps.group.empty() || seps.group == seps.decimal) {
-        // The "C" locale groups nothing; the formats want a grouping character all the same.
-        seps.group = seps.decimal == "," ? "." : ",";
-    }
+    seps = zv::common::withGroupFallback(seps);
     // Formatting is ours from here on; the C library goes back to its plain behaviour.
     std::setlocale(LC_NUMERIC, "C");
     return seps;

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "core/common/number_format.h"
+#include "core/common/text.h"
 #include "core/common/text_encoding.h"
 
 namespace zv::calc {
@@ -49,29 +50,9 @@ char opOfSymbol(std::string_view symbol) {
     return 0;
 }
 
-std::string_view trim(std::string_view s) {
-    while (!s.empty() && s.front() == ' ') {
-        s.remove_prefix(1);
-    }
-    while (!s.empty() && s.back() == ' ') {
-        s.remove_suffix(1);
-    }
-    return s;
-}
-
-std::string padLeft(std::string_view text, std::size_t columns) {
-    const std::size_t length = common::utf8Length(text);
-    std::string out;
-    if (length < columns) {
-        out.assign(columns - length, ' ');
-    }
-    out.append(text);
-    return out;
-}
-
-bool isDigit(char c) {
-    return c >= '0' && c <= '9';
-}
+using common::isDigit;
+using common::padLeft;
+constexpr auto trim = common::trimSpaces;
 
 // Digits grouped by three from the right, leading zeros dropped ("0" stays).
 std::string groupDigits(std::string_view digits, std::string_view group) {

@@ -5,16 +5,14 @@
 #include <optional>
 
 #include "core/common/number_format.h"
+#include "core/common/text.h"
 
 namespace zv::calc {
 
 namespace {
 
+using common::isDigit;
 using Kind = ClipboardNumbers::Kind;
-
-bool isDigit(char c) {
-    return c >= '0' && c <= '9';
-}
 
 constexpr std::string_view kNoBreakSpace = "\xC2\xA0";  // spreadsheets group with it in some locales
 

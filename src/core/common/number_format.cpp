@@ -5,15 +5,14 @@
 #include <cmath>
 #include <system_error>
 
+#include "core/common/text.h"
+
 namespace zv::common {
 
 namespace {
 
 constexpr bool isPlaceholder(char c) {
     return c == '0' || c == '#';
-}
-constexpr bool isDigit(char c) {
-    return c >= '0' && c <= '9';
 }
 
 // What a pattern asks for, read in one pass.
@@ -229,13 +228,7 @@ std::string formatNumber(double value, std::string_view pattern, const NumberSep
 }
 
 std::optional<double> parseNumber(std::string_view text, const NumberSeparators& seps) {
-    auto isBlank = [](char c) { return c == ' ' || c == '\t'; };
-    while (!text.empty() && isBlank(text.front())) {
-        text.remove_prefix(1);
-    }
-    while (!text.empty() && isBlank(text.back())) {
-        text.remove_suffix(1);
-    }
+    text = trimBlanks(text);
 
     std::string ascii;  // the number rewritten for from_chars: digits and at most one '.'
     ascii.reserve(text.size() + 2);

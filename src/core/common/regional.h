@@ -14,6 +14,11 @@ struct NumberSeparators {
     std::string group = ".";
 };
 
+// The locale's separators made fit for the number formats, which always group: a locale that
+// groups with nothing (the "C" locale) or with its decimal character groups with "." when the
+// decimal separator is "," and with "," otherwise. An empty decimal separator becomes ".".
+NumberSeparators withGroupFallback(NumberSeparators seps);
+
 enum class DateOrder { DayMonthYear, MonthDayYear, YearMonthDay };
 
 // The process-wide values read once at start and passed to whoever needs them.

@@ -1,31 +1,14 @@
 #include "core/common/settings_store.h"
 
+#include "core/common/text.h"
+
 #include <algorithm>
 #include <cctype>
 #include <charconv>
 
 namespace zv::common {
 
-namespace {
-
-std::string_view trimBlanks(std::string_view text) {
-    auto isBlank = [](char c) { return c == ' ' || c == '\t'; };
-    while (!text.empty() && isBlank(text.front())) {
-        text.remove_prefix(1);
-    }
-    while (!text.empty() && isBlank(text.back())) {
-        text.remove_suffix(1);
-    }
-    return text;
-}
-
-bool equalsIgnoringCase(std::string_view a, std::string_view b) {
-    return std::ranges::equal(a, b, [](char x, char y) {
-        return std::tolower(static_cast<unsigned char>(x)) == std::tolower(static_cast<unsigned char>(y));
-    });
-}
-
-}  // namespace
+namespace {}  // namespace
 
 std::string GetSetting(const SettingsStore& store, std::string_view section, std::string_view key,
                        std::string_view fallback) {

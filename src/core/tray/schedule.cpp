@@ -2,19 +2,15 @@
 
 #include <cstdio>
 
+#include "core/common/text.h"
 #include "core/common/text_encoding.h"
 
 namespace zv::tray {
 
 namespace {
 
-bool isBlank(char c) {
-    return c == ' ' || c == '\t';
-}
-
-bool isDigit(char c) {
-    return c >= '0' && c <= '9';
-}
+using common::isBlank;
+using common::isDigit;
 
 // Takes `minDigits` to `maxDigits` digits from the front of `text`.
 std::optional<int> takeNumber(std::string_view& text, std::size_t minDigits, std::size_t maxDigits) {
