@@ -244,9 +244,18 @@ void Calculator::changeSign() {
     refreshDisplay();
 }
 
-std::optional<ClearReport> Calculator::clearEntry() {
+bool Calculator::hasEntryToClear() const {
     const std::optional<double> shown = displayValue();
-    if (!m_entry.empty() || (shown && *shown != 0)) {
+    return !m_entry.empty() || (shown && *shown != 0);
+}
+
+double Calculator::wordsAmount() const {
+    const std::optional<double> shown = displayValue();
+    return shown && *shown != 0 ? *shown : m_total;
+}
+
+std::optional<ClearReport> Calculator::clearEntry() {
+    if (hasEntryToClear()) {
         m_entry.clear();
         m_shownTotal.reset();
         refreshDisplay();

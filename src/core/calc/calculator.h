@@ -86,6 +86,10 @@ public:
     bool enterAmount(std::string_view field);
     // True while an amount is typed or a total runs that has not been struck yet.
     bool calculationInProgress() const;
+    // Something typed, or a non-zero amount on the display: clear entry clears that and not the tape.
+    bool hasEntryToClear() const;
+    // The amount "in words" converts: what the display shows, or the running total when it shows zero.
+    double wordsAmount() const;
 
     // A block of text from another tool, appended as whole lines.
     void appendBlock(std::string_view text);
