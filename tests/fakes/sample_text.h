@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "core/common/regional.h"
+#include "core/common/text.h"
 
 namespace zv::fakes {
 
@@ -13,7 +14,7 @@ inline const common::NumberSeparators kUs{".", ","};
 // One tape line as the calculator writes it: the amount right-aligned in 24 columns, a space,
 // the symbol and CR LF.
 inline std::string tapeLine(std::string_view amount, std::string_view symbol) {
-    return std::string(24 - amount.size(), ' ').append(amount).append(" ").append(symbol).append("\r\n");
+    return common::padLeft(amount, 24).append(" ").append(symbol).append("\r\n");
 }
 inline const std::string kStrikeLine = " =========================\r\n";
 

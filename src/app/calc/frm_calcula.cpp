@@ -31,6 +31,7 @@
 #include "app/common/dialogs.h"
 #include "app/common/menu_look.h"
 #include "core/calc/clipboard_numbers.h"
+#include "core/calc/roll_printer.h"
 #include "core/common/money.h"
 #include "core/common/number_format.h"
 #include "core/common/settings_keys.h"

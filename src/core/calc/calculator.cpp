@@ -1,5 +1,6 @@
 #include "core/calc/calculator.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 
@@ -13,43 +14,10 @@ namespace {
 constexpr std::size_t kDisplayColumns = 22;
 // Beyond 15 digits a double no longer holds what was typed.
 constexpr std::size_t kMaxDigits = 15;
+// A duration's hhmmss digits beyond 15 no longer hold whole seconds.
+constexpr double kMaxDurationDigits = 1e15;
 // The tape shows at most six decimals; more would make the tape disagree with the total.
 constexpr std::size_t kMaxDecimals = 6;
-constexpr std::string_view kTimes = "\u00D7";   // ×
-constexpr std::string_view kDivide = "\u00F7";  // ÷
-constexpr std::string_view kHeadingTail = " ==============";
-
-std::string_view symbolOf(char op) {
-    switch (op) {
-        case '*':
-            return kTimes;
-        case '/':
-            return kDivide;
-        case '+':
-            return "+";
-        case '-':
-            return "-";
-        case '%':
-            return "%";
-        default:
-            return "=";
-    }
-}
-
-// The operator written as `symbol` at the end of a tape line, or 0.
-char opOfSymbol(std::string_view symbol) {
-    if (symbol == kTimes) {
-        return '*';
-    }
-    if (symbol == kDivide) {
-        return '/';
-    }
-    if (symbol.size() == 1 && std::string_view("+-%=").find(symbol[0]) != std::string_view::npos) {
-        return symbol[0];
-    }
-    return 0;
-}
-
 using common::isDigit;
 using common::padLeft;
 constexpr auto trim = common::trimSpaces;
@@ -80,6 +48,14 @@ std::string timeDigits(std::string_view digits) {
     out.append(":").append(padded.substr(padded.size() - 4, 2));
     out.append(":").append(padded.substr(padded.size() - 2));
     return out;
+}
+
+// Seconds as the hhmmss number a duration is shown with (5400 -> 13000), sign dropped.
+double secondsToHhmmss(double value) {
+    const double seconds = std::round(std::fabs(value));
+    const double hours = std::floor(seconds / 3600);
+    const double minutes = std::floor(std::fmod(seconds, 3600) / 60);
+    return hours * 10000 + minutes * 100 + std::fmod(seconds, 60);
 }
 
 // A duration typed as hhmmss digits, in seconds.
@@ -149,30 +125,23 @@ int Calculator::Form_KeyPress(int key) {
     if (key == key::kEnter) {
         key = m_options.enter == EnterAction::Plus ? key::kEnterPlus : '=';
     }
-    switch (key) {
-        case ',':
-        case '.':
-            if (m_options.timeMode) {
-                return 0;
-            }
-            typeSeparator();
-            return key;
-        case key::kEnterPlus:
-        case '+':
-            operatorKey('+');
-            return key;
-        case '-':
-        case '*':
-        case '/':
-        case '%':
-            operatorKey(static_cast<char>(key));
-            return key;
-        case '=':
-            strike();
-            return key;
-        default:
+    if (key == ',' || key == '.') {
+        if (m_options.timeMode) {
             return 0;
+        }
+        typeSeparator();
+        return key;
     }
+    const std::optional<Operator> op = key == key::kEnterPlus ? Operator::Plus : operatorOfKey(key);
+    if (!op) {
+        return 0;
+    }
+    if (*op == Operator::Equals) {
+        strike();
+    } else {
+        operatorKey(*op);
+    }
+    return key;
 }
 
 void Calculator::type(std::string_view keys) {
@@ -181,20 +150,22 @@ void Calculator::type(std::string_view keys) {
     }
 }
 
+bool Calculator::entryFits(std::string_view entry) const {
+    const std::size_t sepAt = entry.find(seps().decimal);
+    const std::size_t decimals =
+        sepAt == std::string_view::npos ? 0 : entry.size() - sepAt - seps().decimal.size();
+    return static_cast<std::size_t>(std::ranges::count_if(entry, isDigit)) <= kMaxDigits &&
+           decimals <= kMaxDecimals;
+}
+
 void Calculator::typeDigit(char digit) {
     m_shownTotal.reset();
-    const std::size_t sepAt = m_entry.find(seps().decimal);
-    std::size_t digits = 0;
-    for (const char c : m_entry) {
-        digits += isDigit(c) ? 1 : 0;
-    }
-    const bool plainDecimals = sepAt != std::string::npos;
-    if (digits >= kMaxDigits ||
-        (plainDecimals && m_entry.size() - sepAt - seps().decimal.size() >= kMaxDecimals)) {
-        return;
-    }
     if (m_entry == "0" || m_entry == "-0") {
         m_entry.pop_back();
+    }
+    if (!entryFits(m_entry + digit)) {
+        refreshDisplay();
+        return;
     }
     m_entry += digit;
     refreshDisplay();
@@ -227,14 +198,14 @@ void Calculator::backspace() {
 
 void Calculator::changeSign() {
     if (m_entry.empty()) {
-        // Right after a struck total the sign key takes the total, negated, as the next amount;
-        // otherwise it starts a negative amount.
-        const std::optional<double> shown = m_shownTotal ? m_shownTotal : std::optional<double>(m_total);
-        if ((m_newTotalNext || m_shownTotal) && !m_options.timeMode && std::isfinite(*shown) && *shown != 0) {
-            m_entry = entryFromValue(-*shown);
-        } else {
-            m_entry.assign(1, '-');
-        }
+        // Right after a struck total the sign key takes the total, negated, as the next amount
+        // (when it fits an entry); otherwise it starts a negative amount.
+        const double shown = m_shownTotal.value_or(m_total);
+        const std::string negated =
+            (m_newTotalNext || m_shownTotal) && !m_options.timeMode && std::isfinite(shown) && shown != 0
+                ? entryFromValue(-shown)
+                : std::string();
+        m_entry = !negated.empty() && entryFits(negated) ? negated : "-";
         m_shownTotal.reset();
     } else if (m_entry.front() == '-') {
         m_entry.erase(0, 1);
@@ -270,7 +241,7 @@ void Calculator::LimpaTudo() {
     m_total = 0;
     m_counter = 0;
     m_state = TotalState::None;
-    m_pending = '+';
+    m_pending = Operator::Plus;
     m_newTotalNext = false;
     m_history.clear();
     m_redo.reset();
@@ -293,18 +264,17 @@ ClearReport Calculator::clearTape() {
     }
     LimpaTudo();
     m_tape.reset(headingLine(now, m_regional.dateOrder, m_regional.dateSeparator));
-    m_engineEnd = m_tape.size();
     report.cleared = true;
     return report;
 }
 
-void Calculator::operatorKey(char op) {
+void Calculator::operatorKey(Operator op) {
     const std::optional<double> value = entryValue();
     if (!value || *value == 0) {
         // No amount: correct the operator of the last line instead. A percent needs an amount
         // of its own, and a percent line keeps its sign.
-        char last = 0;
-        if (op != '%' && lastLineIsAmount(&last) && last != '%') {
+        const std::optional<Operator> last = lastAmountOperator();
+        if (op != Operator::Percent && last && *last != Operator::Percent) {
             rewriteLastOperator(op);
             m_pending = op;
         }
@@ -319,66 +289,71 @@ void Calculator::operatorKey(char op) {
 void Calculator::strike() {
     const std::optional<double> value = entryValue();
     if (value && *value != 0) {
-        writeAmountLine(*value, '=');
+        writeAmountLine(*value, Operator::Equals);
     } else {
         if (tapeEndsInTotal()) {
             // "=" again: close the block and start afresh.
-            std::string line(kSeparatorLine);
-            line.append(kLineEnd);
-            appendEngineText(line);
+            appendEngineText(std::string(kSeparatorLine).append(kLineEnd));
             LimpaTudo();
             return;
         }
-        char last = 0;
-        if (!lastLineIsAmount(&last)) {
-            m_entry.clear();
-            refreshDisplay();
-            return;
-        }
-        if (last != '%') {
-            rewriteLastOperator('=');
-        }
-        m_pending = '=';
+        const std::optional<Operator> last = lastAmountOperator();
         m_entry.clear();
         m_shownTotal.reset();
         refreshDisplay();
+        if (!last) {
+            return;
+        }
+        if (*last != Operator::Percent) {
+            rewriteLastOperator(Operator::Equals);
+        }
+        m_pending = Operator::Equals;
     }
     writeTotalBlock();
 }
 
-void Calculator::writeAmountLine(double amount, char op) {
-    m_history.push_back({m_tape.size(), m_total, m_counter, m_state, m_pending, m_newTotalNext});
-    m_redo.reset();
-    std::string line = padLeft(amountText(amount), kAmountColumns);
-    line.append(" ").append(symbolOf(op)).append(kLineEnd);
-    appendEngineText(line);
-    applyLine(amount, op);
+Calculator::Snapshot Calculator::snapshot(std::size_t tapeOffset) const {
+    return {tapeOffset, m_total, m_counter, m_state, m_pending, m_newTotalNext};
+}
+
+void Calculator::restore(const Snapshot& snap) {
+    m_total = snap.total;
+    m_counter = snap.counter;
+    m_state = snap.state;
+    m_pending = snap.pending;
+    m_newTotalNext = snap.newTotalNext;
+}
+
+void Calculator::writeAmountLine(double amount, Operator op) {
+    m_history.push_back(snapshot(m_tape.size()));
+    appendEngineText(amountLine(amountText(amount), op));
+    applyLine(amount, op, m_options.timeMode);
     m_entry.clear();
     m_shownTotal.reset();
     refreshDisplay();
 }
 
-void Calculator::applyLine(double amount, char op) {
+void Calculator::applyLine(double amount, Operator op, bool duration) {
     if (m_newTotalNext) {
         // A new total starts, except that a percentage right after a total is that total's share.
-        if (op != '%' || !std::isfinite(m_total)) {
+        if (op != Operator::Percent || !std::isfinite(m_total)) {
             m_total = 0;
-            m_pending = '+';
+            m_pending = Operator::Plus;
         }
         m_counter = 0;
         m_state = TotalState::None;
         m_newTotalNext = false;
     }
     const bool counted = m_state != TotalState::Error;
-    // In time mode sums work on seconds; a factor or a percentage is the number as typed.
-    const double addend = m_options.timeMode ? hhmmssToSeconds(amount) : amount;
+    // Durations add and subtract as seconds; a factor or a percentage is the number as written.
+    const double addend = duration ? hhmmssToSeconds(amount) : amount;
     const double t = m_total;
-    if (op == '%') {
+    if (op == Operator::Percent) {
         switch (m_pending) {
-            case '+':
+            case Operator::Plus:
                 m_total = t * (1 + amount / 100);
                 break;
-            case '-':
+            case Operator::Minus:
                 m_total = t * ((100 - amount) / 100);
                 break;
             default:
@@ -388,16 +363,16 @@ void Calculator::applyLine(double amount, char op) {
         m_newTotalNext = true;
     } else {
         switch (m_pending) {
-            case '+':
+            case Operator::Plus:
                 m_total = t + addend;
                 break;
-            case '-':
+            case Operator::Minus:
                 m_total = t - addend;
                 break;
-            case '*':
+            case Operator::Times:
                 m_total = t * amount;
                 break;
-            case '/':
+            case Operator::Divide:
                 m_total = t / amount;
                 break;
             default:
@@ -408,46 +383,33 @@ void Calculator::applyLine(double amount, char op) {
         ++m_counter;
     }
     m_pending = op;
-    if (overflowed()) {
+    if (overflowed(duration)) {
         m_state = TotalState::Error;
     } else {
-        m_state = op == '%' ? TotalState::Struck : TotalState::None;
+        m_state = op == Operator::Percent ? TotalState::Struck : TotalState::None;
     }
 }
 
 void Calculator::writeTotalBlock() {
     const std::string text = formatTotal(m_total);
     const bool overflow = m_state == TotalState::Error || common::utf8Length(text) >= kDisplayColumns;
-    std::string block = padLeft(common::utf8Left(text, kDisplayColumns), kAmountColumns);
-    block.append(overflow ? " E" : " T").append(kLineEnd);
+    std::string block = totalLine(common::utf8Left(text, kDisplayColumns), overflow);
     block.append(kSeparatorLine).append(kLineEnd);
     appendEngineText(block);
     m_state = overflow ? TotalState::Error : TotalState::Struck;
     m_newTotalNext = true;
 }
 
-bool Calculator::canUndo() const {
-    return !m_history.empty() && m_engineEnd == m_tape.size();
-}
-
 bool Calculator::undo() {
-    if (!canUndo()) {
+    if (m_history.empty()) {
         return false;
     }
-    const Snapshot snap = m_history.back();
+    const Snapshot before = m_history.back();
     m_history.pop_back();
-    std::string_view removed = std::string_view(m_tape.text()).substr(snap.tapeOffset);
-    removed = removed.substr(0, removed.find(kLineEnd));
-    const std::string_view field = common::utf8Left(removed, kAmountColumns);
-    m_redo = RedoLine{std::string(trim(field)), opOfSymbol(trim(removed.substr(field.size())))};
-
-    m_tape.replaceTail(snap.tapeOffset, {});
-    m_engineEnd = m_tape.size();
-    m_total = snap.total;
-    m_counter = snap.counter;
-    m_state = snap.state;
-    m_pending = snap.pending;
-    m_newTotalNext = snap.newTotalNext;
+    RedoStep step{m_tape.text().substr(before.tapeOffset), before, snapshot(before.tapeOffset)};
+    m_tape.replaceTail(before.tapeOffset, {});
+    restore(before);
+    m_redo = std::move(step);
     m_entry.clear();
     m_shownTotal = m_total;
     refreshDisplay();
@@ -455,25 +417,28 @@ bool Calculator::undo() {
 }
 
 bool Calculator::redo() {
-    if (!m_redo || m_redo->op == 0) {
+    if (!m_redo) {
         return false;
     }
-    const RedoLine line = *m_redo;
-    if (!enterAmount(line.field)) {
-        return false;
-    }
+    const RedoStep step = std::move(*m_redo);
     m_redo.reset();
-    Form_KeyPress(line.op);
+    m_tape.append(step.text);
+    m_history.push_back(step.before);
+    restore(step.after);
+    m_entry.clear();
+    m_shownTotal.reset();
+    refreshDisplay();
     return true;
 }
 
 bool Calculator::enterAmount(std::string_view field) {
     field = trim(field);
-    if (field.empty() || !fieldValue(field)) {
+    const bool duration = field.find(':') != std::string_view::npos;
+    if (field.empty() || duration != m_options.timeMode || !fieldValue(field)) {
         return false;
     }
     std::string entry;
-    if (field.find(':') != std::string_view::npos) {
+    if (duration) {
         for (const char c : field) {
             if (isDigit(c) || c == '-') {
                 entry += c;
@@ -490,8 +455,12 @@ bool Calculator::enterAmount(std::string_view field) {
             }
         }
         if (m_options.format == NumberFormat::Fixed && entry.find(seps().decimal) == std::string::npos) {
+            // Digits without a separator are cents in this format; an amount is not.
             entry.append(seps().decimal).append("00");
         }
+    }
+    if (!entryFits(entry)) {
+        return false;
     }
     m_entry = entry;
     m_shownTotal.reset();
@@ -504,9 +473,30 @@ bool Calculator::calculationInProgress() const {
 }
 
 void Calculator::appendBlock(std::string_view text) {
-    m_tape.append(text);
-    // Undo works on the calculator's own lines; it does not reach across another tool's block.
-    m_history.clear();
+    if (text.empty()) {
+        return;
+    }
+    std::string block;
+    bool afterSeparator = parseTapeLine(m_tape.lastLine()).kind == TapeLine::Kind::Separator;
+    const std::string normalised = normaliseLineEnds(text);
+    for (std::size_t pos = 0; pos < normalised.size();) {
+        const std::size_t end = normalised.find(kLineEnd, pos);
+        const std::string_view line = std::string_view(normalised).substr(pos, end - pos);
+        const TapeLine parsed = parseTapeLine(line);
+        // Only a separator may stand in a block as it is (one after another would clear the
+        // calculator when the tape is read again); anything else the calculator reads is moved.
+        const bool read = (parsed.kind == TapeLine::Kind::Amount && fieldValue(parsed.field)) ||
+                          parsed.kind == TapeLine::Kind::Total || parsed.kind == TapeLine::Kind::Heading ||
+                          (parsed.kind == TapeLine::Kind::Separator && afterSeparator);
+        if (read) {
+            block += ' ';
+        }
+        block.append(line).append(kLineEnd);
+        afterSeparator = parsed.kind == TapeLine::Kind::Separator && !read;
+        pos = end + kLineEnd.size();
+    }
+    m_history.push_back(snapshot(m_tape.size()));
+    appendEngineText(block);
 }
 
 void Calculator::loadTape(std::string_view text) {
@@ -524,35 +514,30 @@ void Calculator::rebuildFromTape() {
         if (end == std::string_view::npos) {
             end = text.size();
         }
-        const std::string_view line = text.substr(pos, end - pos);
-        const std::string_view field = common::utf8Left(line, kAmountColumns);
-        const std::string_view tail = line.substr(field.size());
-        const bool columns = common::utf8Length(line) == kAmountColumns + 2 && tail.starts_with(" ");
-        const char op = columns ? opOfSymbol(tail.substr(1)) : 0;
-        const std::optional<double> amount = op != 0 ? fieldValue(trim(field)) : std::nullopt;
+        const TapeLine line = parseTapeLine(text.substr(pos, end - pos));
+        const std::optional<double> amount =
+            line.kind == TapeLine::Kind::Amount ? fieldValue(line.field) : std::nullopt;
+        const bool wasAfterSeparator = afterSeparator;
+        afterSeparator = false;
         if (amount) {
-            m_history.push_back({pos, m_total, m_counter, m_state, m_pending, m_newTotalNext});
-            applyLine(*amount, op);
-            afterSeparator = false;
-        } else if (columns && (tail == " T" || tail == " E") && !trim(field).empty()) {
-            m_state = tail == " E" ? TotalState::Error : TotalState::Struck;
+            m_history.push_back(snapshot(pos));
+            applyLine(*amount, line.op, line.field.find(':') != std::string_view::npos);
+        } else if (line.kind == TapeLine::Kind::Total) {
+            m_state = line.overflow ? TotalState::Error : TotalState::Struck;
             m_newTotalNext = true;
-            afterSeparator = false;
-        } else if (line == kSeparatorLine) {
-            if (afterSeparator) {
+        } else if (line.kind == TapeLine::Kind::Separator) {
+            if (wasAfterSeparator) {
                 LimpaTudo();
             }
             afterSeparator = true;
-        } else if (!line.starts_with(" ") && line.ends_with(kHeadingTail)) {
+        } else if (line.kind == TapeLine::Kind::Heading) {
             LimpaTudo();
-            afterSeparator = false;
         } else {
+            // Another tool's lines: Undo does not reach back across them.
             m_history.clear();
-            afterSeparator = false;
         }
         pos = end + kLineEnd.size();
     }
-    m_engineEnd = m_tape.size();
     refreshDisplay();
 }
 
@@ -660,15 +645,18 @@ void Calculator::refreshDisplay() {
     m_display.assign(common::utf8Left(text, kDisplayColumns));
 }
 
-bool Calculator::overflowed() const {
+bool Calculator::overflowed(bool duration) const {
     if (!std::isfinite(m_total)) {
         return true;
     }
-    // Below 1e10 even six decimals, the grouping and a sign stay within 21 columns.
-    if (!m_options.timeMode && std::fabs(m_total) < 1e10) {
-        return false;
+    if (duration) {
+        return secondsToHhmmss(m_total) >= kMaxDurationDigits;
     }
-    return common::utf8Length(formatTotal(m_total)) >= kDisplayColumns;
+    // The widest of the number formats decides, so that a tape reads back to the same state
+    // whichever format is chosen when it is read. Below 1e10 even six decimals, the grouping
+    // and a sign stay within 21 columns.
+    return std::fabs(m_total) >= 1e10 && common::utf8Length(common::formatNumber(
+                                             m_total, common::pattern::kCurrency, seps())) >= kDisplayColumns;
 }
 
 std::string Calculator::amountText(double value) const {
@@ -686,13 +674,12 @@ std::string Calculator::formatTotal(double value) const {
         return "E";
     }
     if (m_options.timeMode) {
-        const double seconds = std::round(std::fabs(value));
-        const double hours = std::floor(seconds / 3600);
-        const double minutes = std::floor(std::fmod(seconds, 3600) / 60);
-        const double rest = std::fmod(seconds, 60);
-        std::string text =
-            common::formatNumber(hours * 10000 + minutes * 100 + rest, common::pattern::kTime, seps());
-        if (value < 0 && seconds > 0) {
+        const double hhmmss = secondsToHhmmss(value);
+        if (hhmmss >= kMaxDurationDigits) {
+            return "E";  // whole seconds no longer hold
+        }
+        std::string text = common::formatNumber(hhmmss, common::pattern::kTime, seps());
+        if (value < 0 && hhmmss > 0) {
             text = "-" + text;
         }
         return text;
@@ -700,46 +687,29 @@ std::string Calculator::formatTotal(double value) const {
     return amountText(value);
 }
 
-bool Calculator::lastLineIsAmount(char* op) const {
-    const std::string_view line = m_tape.lastLine();
-    if (common::utf8Length(line) != kAmountColumns + 2) {
-        return false;
+std::optional<Operator> Calculator::lastAmountOperator() const {
+    const TapeLine line = parseTapeLine(m_tape.lastLine());
+    if (line.kind != TapeLine::Kind::Amount || !fieldValue(line.field)) {
+        return std::nullopt;
     }
-    const std::string_view field = common::utf8Left(line, kAmountColumns);
-    const std::string_view tail = line.substr(field.size());
-    if (!tail.starts_with(" ")) {
-        return false;
-    }
-    const char found = opOfSymbol(tail.substr(1));
-    if (found == 0 || !fieldValue(trim(field))) {
-        return false;
-    }
-    if (op != nullptr) {
-        *op = found;
-    }
-    return true;
+    return line.op;
 }
 
 bool Calculator::tapeEndsInTotal() const {
-    const std::string_view line = m_tape.lastLine();
-    if (line == kSeparatorLine) {
-        return true;
-    }
-    return common::utf8Length(line) == kAmountColumns + 2 && (line.ends_with(" T") || line.ends_with(" E"));
+    const TapeLine::Kind kind = parseTapeLine(m_tape.lastLine()).kind;
+    return kind == TapeLine::Kind::Total || kind == TapeLine::Kind::Separator;
 }
 
-void Calculator::rewriteLastOperator(char op) {
+void Calculator::rewriteLastOperator(Operator op) {
     const std::size_t start = m_tape.lastLineStart();
-    const std::string_view line = m_tape.lastLine();
-    std::string rewritten(common::utf8Left(line, kAmountColumns));
-    rewritten.append(" ").append(symbolOf(op)).append(kLineEnd);
-    m_tape.replaceTail(start, rewritten);
-    m_engineEnd = m_tape.size();
+    const std::string field(common::utf8Left(m_tape.lastLine(), kAmountColumns));
+    m_redo.reset();
+    m_tape.replaceTail(start, amountLine(field, op));
 }
 
 void Calculator::appendEngineText(std::string_view text) {
+    m_redo.reset();
     m_tape.append(text);
-    m_engineEnd = m_tape.size();
 }
 
 }  // namespace zv::calc

@@ -8,6 +8,8 @@
 
 #include "core/calc/backup_file.h"
 #include "core/calc/tape.h"
+#include "core/calc/tape_block.h"
+#include "core/calc/tape_line.h"
 #include "core/common/clock.h"
 #include "core/common/regional.h"
 
@@ -73,16 +75,19 @@ public:
     // its heading line.
     ClearReport clearTape();
 
-    bool canUndo() const;
+    bool canUndo() const { return !m_history.empty(); }
     bool canRedo() const { return m_redo.has_value(); }
-    // Removes the last amount line (a struck total goes with its "=" line) and restores the
-    // state that stood before it.
+    // Removes the last amount line (a struck total goes with its "=" line) or the last block of
+    // another tool, and restores the state that stood before it.
     bool undo();
-    // Types the line removed by the last undo again.
+    // Puts back what the last undo removed, exactly as it was written (in the number format and
+    // time mode it was written in), with the state that followed it. Any later change of the
+    // tape forgets it.
     bool redo();
 
-    // Puts an amount as shown on the tape ("1.234,50", "01:30:00") into the entry, as if typed,
-    // so the next operator registers it again. False when the text is not an amount.
+    // Puts an amount as shown on the tape ("1.234,50", or "01:30:00" in time mode) into the
+    // entry, as if typed, so the next operator registers it again. False when the text is not an
+    // amount of the current mode or holds more than an entry can (15 digits, 6 decimals).
     bool enterAmount(std::string_view field);
     // True while an amount is typed or a total runs that has not been struck yet.
     bool calculationInProgress() const;
@@ -91,8 +96,11 @@ public:
     // The amount "in words" converts: what the display shows, or the running total when it shows zero.
     double wordsAmount() const;
 
-    // A block of text from another tool, appended as whole lines.
+    // A block of text from another tool, appended as whole lines; one Undo takes it back. It
+    // never changes the total: a line of it that would read as an amount, a total or a heading
+    // when the tape is loaded again is written one column further right, so that it cannot.
     void appendBlock(std::string_view text);
+    void appendBlock(const TapeBlock& block) { appendBlock(block.text()); }
     // Replaces the tape (loaded from its file, or edited) and works the total out from it.
     void loadTape(std::string_view text);
 
@@ -116,33 +124,45 @@ public:
     std::optional<double> displayValue() const;
 
 private:
-    // The engine's state just before an amount line was written; undo goes back to it.
+    // The engine's state at one moment; the history keeps the state just before each amount line
+    // or block, and Undo goes back to it.
     struct Snapshot {
-        std::size_t tapeOffset;  // where the line began
+        std::size_t tapeOffset;  // where the line or block began
         double total;
         int counter;
         TotalState state;
-        char pending;
+        Operator pending;
         bool newTotalNext;
     };
+    struct RedoStep {
+        std::string text;  // what undo removed from the tape
+        Snapshot before;
+        Snapshot after;
+    };
 
-    void operatorKey(char op);
+    Snapshot snapshot(std::size_t tapeOffset) const;
+    void restore(const Snapshot& snap);
+    void operatorKey(Operator op);
     void strike();
     void typeDigit(char digit);
     void typeSeparator();
-    void writeAmountLine(double amount, char op);
-    void applyLine(double amount, char op);
+    void writeAmountLine(double amount, Operator op);
+    void applyLine(double amount, Operator op, bool duration);
     void writeTotalBlock();
     void refreshDisplay();
-    bool overflowed() const;
+    // The running total no longer fits: not a number, 22 columns or more, or a duration beyond
+    // what 15 digits of hhmmss hold.
+    bool overflowed(bool duration) const;
+    bool entryFits(std::string_view entry) const;
     std::string amountText(double value) const;
     std::string formatTotal(double value) const;
     std::string entryFromValue(double value) const;
     std::optional<double> entryValue() const;
     std::optional<double> fieldValue(std::string_view field) const;
-    bool lastLineIsAmount(char* op = nullptr) const;
+    // The operator of the last line when it is an amount line of this calculator.
+    std::optional<Operator> lastAmountOperator() const;
     bool tapeEndsInTotal() const;
-    void rewriteLastOperator(char op);
+    void rewriteLastOperator(Operator op);
     void appendEngineText(std::string_view text);
     void rebuildFromTape();
     const common::NumberSeparators& seps() const { return m_regional.separators; }
@@ -158,16 +178,11 @@ private:
     double m_total = 0;
     int m_counter = 0;
     TotalState m_state = TotalState::None;
-    char m_pending = '+';         // '+', '-', '*', '/', '%', '=' or 0 (none)
-    bool m_newTotalNext = false;  // a total was struck: the next amount starts a new one
+    Operator m_pending = Operator::Plus;  // the operator of the last line; "=" applies none
+    bool m_newTotalNext = false;          // a total was struck: the next amount starts a new one
 
     std::vector<Snapshot> m_history;
-    std::size_t m_engineEnd = 0;  // tape size after the calculator's last own write
-    struct RedoLine {
-        std::string field;  // the 24-column amount field, trimmed
-        char op;
-    };
-    std::optional<RedoLine> m_redo;
+    std::optional<RedoStep> m_redo;
 };
 
 }  // namespace zv::calc

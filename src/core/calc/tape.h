@@ -5,15 +5,12 @@
 #include <string>
 #include <string_view>
 
+#include "core/calc/tape_line.h"
 #include "core/calc/tape_sink.h"
 #include "core/common/clock.h"
 #include "core/common/regional.h"
 
 namespace zv::calc {
-
-inline constexpr std::string_view kLineEnd = "\r\n";
-inline constexpr std::string_view kSeparatorLine = " =========================";  // a space and 25 '='
-inline constexpr std::size_t kAmountColumns = 24;
 
 // The paper tape: UTF-8 text of lines each ended by CR LF. Every change goes through here and
 // is passed on to the sink, if any. No operation copies or rescans the whole text except find,
@@ -59,13 +56,5 @@ std::string backupRecord(std::string_view tapeText, const common::DateTime& now)
 std::string headingLine(const common::DateTime& now,
                         common::DateOrder order = common::DateOrder::DayMonthYear,
                         std::string_view dateSeparator = "/");
-
-// The port a paper-roll printer hangs on, from what the user typed: blanks removed, upper case,
-// one of LPT1, LPT2, COM1 to COM4. Anything else gives nullopt (nothing is printed).
-std::optional<std::string> acceptRollPort(std::string_view answer);
-
-// The tape as a roll printer takes it: "×" becomes "*", "÷" becomes "/" (its character set has
-// neither), lines end in CR LF, and the text is in the single-byte Windows-1252 code page.
-std::string rollPrinterText(std::string_view tapeText);
 
 }  // namespace zv::calc

@@ -5,6 +5,7 @@
 #include <string>
 #include <tuple>
 
+#include "core/common/text_encoding.h"
 #include "fakes/fake_clock.h"
 #include "fakes/memory_backup.h"
 #include "fakes/mirror_sink.h"
@@ -19,10 +20,43 @@ const common::Regional kBrazil{};  // "," decimal, "." group, day/month/year
 const common::Regional kUsa{common::Language::English, {".", ","}, common::DateOrder::MonthDayYear, "/"};
 const std::string kHeading = "21/11/2026 ==============\r\n";  // the fake clock's day
 
+// Keys as the user presses them; beside the characters: '~' the sign key, 'C' clear entry,
+// 'B' backspace, 'U' undo, 'R' redo.
+void press(Calculator& calc, std::string_view keys) {
+    for (const char k : keys) {
+        switch (k) {
+            case '~':
+                calc.changeSign();
+                break;
+            case 'C':
+                calc.clearEntry();
+                break;
+            case 'B':
+                calc.backspace();
+                break;
+            case 'U':
+                calc.undo();
+                break;
+            case 'R':
+                calc.redo();
+                break;
+            default:
+                calc.Form_KeyPress(static_cast<unsigned char>(k));
+        }
+    }
+}
+
 Calculator typed(std::string_view keys, CalculatorOptions options = {}, const common::Regional& r = kBrazil) {
     Calculator calc(r, options);
-    calc.type(keys);
+    press(calc, keys);
     return calc;
+}
+
+// The same tape read back by a calculator with the same options.
+Calculator reloaded(const Calculator& calc, const common::Regional& r = kBrazil) {
+    Calculator copy(r, calc.options());
+    copy.loadTape(calc.tape().text());
+    return copy;
 }
 
 TEST(Tape, EveryKeyWritesItsLine) {
@@ -102,13 +136,33 @@ TEST(Total, CounterAndState) {
     EXPECT_FALSE(typed("2+3==").canUndo());
 }
 
-TEST(Total, LongTotalIsCutAndMarkedE) {
-    // 99.999.999 × 99.999.999 does not fit 22 columns.
-    const Calculator calc = typed("99999999*99999999=");
-    EXPECT_EQ(calc.state(), TotalState::Error);
-    EXPECT_GT(calc.totalText().size(), 22u);
-    EXPECT_TRUE(calc.tape().text().ends_with("\r\n  " + calc.totalText().substr(0, 22) + " E\r\n" + kSep))
-        << calc.tape().text();
+TEST(Total, OverflowIsMarkedEAndReadsBackSo) {
+    struct Case {
+        const char* label;
+        const char* keys;
+        CalculatorOptions options;
+        std::string totalLine;  // the struck total as the tape shows it
+    };
+    const CalculatorOptions time{.timeMode = true};
+    const Case cases[] = {
+        {"21 columns is a total", "99999999999999+=", {}, tapeLine("99.999.999.999.999,00", "T")},
+        {"22 columns is an overflow", "999999999999999+=", {}, tapeLine("999.999.999.999.999,00", "E")},
+        {"a minus sign makes the 22nd", "99999999999999~+=", {}, tapeLine("-99.999.999.999.999,00", "E")},
+        {"cut to 22 columns", "99999999*99999999=", {}, tapeLine("9.999.999.800.000.000,", "E")},
+        {"the numeral format overflows where the others do",
+         "999999999999999+=",
+         {.format = NumberFormat::Numeral},
+         tapeLine("999.999.999.999.999", "E")},
+        {"hours within 15 hhmmss digits", "9999999995959+=", time, tapeLine("999999999:59:59", "T")},
+        {"hours beyond 15 hhmmss digits", "999999999999999+999999999999999+=", time, tapeLine("E", "E")},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.label);
+        const Calculator calc = typed(c.keys, c.options);
+        EXPECT_TRUE(calc.tape().text().ends_with(c.totalLine + kSep)) << calc.tape().text();
+        EXPECT_EQ(calc.state(), c.totalLine.ends_with("E\r\n") ? TotalState::Error : TotalState::Struck);
+        EXPECT_EQ(reloaded(calc).state(), calc.state());
+    }
 }
 
 TEST(Entry, DisplayGroupsThousandsAndKeepsWhatWasTyped) {
@@ -122,10 +176,30 @@ TEST(Entry, DisplayGroupsThousandsAndKeepsWhatWasTyped) {
         {"07", "7"},                                   // leading zero dropped
         {"12345678901234567", "123.456.789.012.345"},  // fifteen digits at most
         {"1,23456789", "1,234567"},                    // six decimals at most
+        {"12,5BB", "12"},                              // backspace takes whole characters
     };
     for (const auto& [keys, display] : cases) {
         EXPECT_EQ(typed(keys).display(), display) << keys;
     }
+}
+
+TEST(Entry, BackspaceNeverSplitsASeparatorOfSeveralBytes) {
+    // Arabic decimal and group separators take two bytes each.
+    const common::Regional arabic{
+        common::Language::English, {"\u066B", "\u066C"}, common::DateOrder::DayMonthYear, "/"};
+    Calculator calc = typed("1234,5", {}, arabic);
+    EXPECT_EQ(calc.display(), "1\u066C234\u066B5");
+    for (const char* display : {"1\u066C234\u066B", "1\u066C234", "123"}) {
+        calc.backspace();
+        EXPECT_EQ(calc.display(), display);
+        EXPECT_TRUE(common::isValidUtf8(calc.entry()));
+    }
+    ASSERT_TRUE(calc.enterAmount("1\u066C234\u066B50"));
+    calc.backspace();
+    calc.backspace();
+    press(calc, ",7+");
+    EXPECT_EQ(calc.tape().text(), tapeLine("1\u066C234\u066B70", "+"));
+    EXPECT_EQ(reloaded(calc, arabic).total(), calc.total());
 }
 
 TEST(Entry, BackspaceSignAndClearEntry) {
@@ -152,6 +226,52 @@ TEST(Entry, BackspaceSignAndClearEntry) {
     EXPECT_EQ(after.display(), "-5");
     after.type("+");
     EXPECT_DOUBLE_EQ(after.total(), -5);
+}
+
+TEST(Entry, SignKeyOnAnEmptyEntry) {
+    struct Case {
+        const char* label;
+        const char* keys;
+        std::string lastLine;
+    };
+    const Case cases[] = {
+        {"after a total: the total negated", "2+3=~+", tapeLine("-5,00", "+")},
+        {"after a zero total: a negative amount", "2-2=~5+", tapeLine("-5,00", "+")},
+        {"after an overflow: a negative amount, not a line too wide for the tape", "99999999*99999999=~5+",
+         tapeLine("-5,00", "+")},
+        {"mid-calculation: a negative amount", "10+~3+", tapeLine("-3,00", "+")},
+        {"after undo: the restored total negated", "10+5+U~+", tapeLine("-10,00", "+")},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.label);
+        const Calculator calc = typed(c.keys);
+        EXPECT_TRUE(calc.tape().text().ends_with(c.lastLine)) << calc.tape().text();
+        EXPECT_EQ(reloaded(calc).totalText(), calc.totalText());
+    }
+}
+
+TEST(Entry, ClearEntryClearsTheTapeOnlyOnAZeroDisplay) {
+    struct Case {
+        const char* label;
+        const char* keys;
+        bool clearsTape;
+    };
+    const Case cases[] = {
+        {"something typed", "5+7", false},
+        {"a typed zero with a separator", "5+0,", false},
+        {"a total restored by undo", "5+6+U", false},
+        {"nothing typed", "5+", true},
+        {"a struck total", "5+6=", true},
+        {"undo back to a zero total", "5+U", true},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.label);
+        Calculator calc = typed(c.keys);
+        const std::string before = calc.tape().text();
+        EXPECT_EQ(calc.clearEntry().has_value(), c.clearsTape);
+        EXPECT_EQ(calc.tape().text() == before, !c.clearsTape);
+        EXPECT_EQ(calc.display(), "0");
+    }
 }
 
 TEST(Formats, ThreeDisplayFormats) {
@@ -224,6 +344,30 @@ TEST(TimeMode, DurationsAddAsHoursMinutesSeconds) {
     EXPECT_EQ(typed("1234567", time).display(), "123:45:67");
 }
 
+TEST(TimeMode, SwitchingClearsTheEntryBeingTyped) {
+    struct Case {
+        const char* label;
+        const char* keys;
+        bool timeBefore;
+        const char* display;
+    };
+    const Case cases[] = {
+        {"digits, switching on", "5+123", false, "00:00:00"},
+        {"a decimal amount, switching on", "12,5", false, "00:00:00"},
+        {"a duration, switching off", "13000", true, "0"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.label);
+        Calculator calc = typed(c.keys, {.timeMode = c.timeBefore});
+        calc.setOptions({.timeMode = !c.timeBefore});
+        EXPECT_EQ(calc.entry(), "");
+        EXPECT_EQ(calc.display(), c.display);
+        const std::string before = calc.tape().text();
+        calc.type("+");  // nothing left to print
+        EXPECT_EQ(calc.tape().text(), before);
+    }
+}
+
 TEST(Undo, RestoresTheTotalAndCounterBeforeTheLine) {
     Calculator calc = typed("100+50*3+");
     ASSERT_TRUE(calc.undo());
@@ -264,15 +408,103 @@ TEST(Undo, RedoReplaysTheLineThroughTheKeys) {
     EXPECT_EQ(time.totalText(), "01:50:00");
 }
 
-TEST(Undo, NothingToUndo) {
+TEST(Undo, RedoBringsTheLineBackAsItWasWritten) {
+    struct Case {
+        const char* label;
+        const char* keys;
+        CalculatorOptions written;
+        CalculatorOptions changedTo;  // between Undo and Redo
+    };
+    const Case cases[] = {
+        {"fixed format: amounts, not cents",
+         "1234+5678+",
+         {.format = NumberFormat::Fixed},
+         {.format = NumberFormat::Fixed}},
+        {"fixed format: a struck total",
+         "1234+5678=",
+         {.format = NumberFormat::Fixed},
+         {.format = NumberFormat::Fixed}},
+        {"time mode switched off", "100+1-", {.timeMode = true}, {}},
+        {"time mode switched on", "100+1-", {}, {.timeMode = true}},
+        {"numeral to fixed", "250+3*", {.format = NumberFormat::Numeral}, {.format = NumberFormat::Fixed}},
+        {"fixed to numeral", "250+3*", {.format = NumberFormat::Fixed}, {.format = NumberFormat::Numeral}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.label);
+        Calculator calc = typed(c.keys, c.written);
+        const std::string tape = calc.tape().text();
+        const double total = calc.total();
+        const std::string counter = calc.counterText();
+        const TotalState state = calc.state();
+        ASSERT_TRUE(calc.undo());
+        calc.setOptions(c.changedTo);
+        ASSERT_TRUE(calc.redo());
+        EXPECT_EQ(calc.tape().text(), tape);
+        EXPECT_EQ(calc.total(), total);
+        EXPECT_EQ(calc.counterText(), counter);
+        EXPECT_EQ(calc.state(), state);
+        EXPECT_EQ(reloaded(calc).total(), total);
+    }
+}
+
+TEST(Undo, NothingToUndoOrRedo) {
     Calculator fresh(kBrazil);
     EXPECT_FALSE(fresh.undo());
     EXPECT_FALSE(fresh.redo());
+    EXPECT_FALSE(typed("5+3==").undo());  // a second strike starts afresh
+    // Any later change of the tape forgets the line to redo.
+    for (const char* keys : {"5+6+U7+", "5+6+U*", "5+6+U="}) {
+        SCOPED_TRACE(keys);
+        Calculator calc = typed(keys);
+        EXPECT_FALSE(calc.redo());
+    }
+    Calculator block = typed("5+6+U");
+    block.appendBlock("JURO TOTAL 12,00\r\n");
+    EXPECT_FALSE(block.redo());
+}
+
+TEST(Undo, TakesABlockBackInOneStep) {
     Calculator calc = typed("5+");
-    calc.appendBlock("JURO TOTAL 12,00\r\n");
-    EXPECT_FALSE(calc.undo());  // not across another tool's block
-    Calculator cleared = typed("5+3==");
-    EXPECT_FALSE(cleared.undo());
+    TapeBlock block;
+    block.title(" =============== C\u00C1LCULO =").stacked("VALOR INICIAL ", "1.000,00").closing();
+    calc.appendBlock(block);
+    EXPECT_EQ(calc.tape().text(), tapeLine("5,00", "+") + block.text());
+    ASSERT_TRUE(calc.undo());
+    EXPECT_EQ(calc.tape().text(), tapeLine("5,00", "+"));
+    EXPECT_DOUBLE_EQ(calc.total(), 5);
+    ASSERT_TRUE(calc.redo());
+    EXPECT_EQ(calc.tape().text(), tapeLine("5,00", "+") + block.text());
+    ASSERT_TRUE(calc.undo());
+    ASSERT_TRUE(calc.undo());  // and then the line before it
+    EXPECT_EQ(calc.tape().text(), "");
+}
+
+TEST(Block, NeverChangesTheTotalLiveOrReadBack) {
+    // Lines of a block that the calculator would read as its own are moved one column right.
+    struct Case {
+        const char* label;
+        std::string block;
+        std::string written;
+    };
+    const Case cases[] = {
+        {"an amount line", tapeLine("99,00", "+"), " " + tapeLine("99,00", "+")},
+        {"a total line", tapeLine("99,00", "T"), " " + tapeLine("99,00", "T")},
+        {"a heading", kHeading, " " + kHeading},
+        {"a separator after a separator", kSep + kSep, kSep + " " + kSep},
+        {"text, and one separator to close", tapeLine("JURO", "+") + kSep, tapeLine("JURO", "+") + kSep},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.label);
+        Calculator calc = typed("2+3=5+");
+        const std::size_t before = calc.tape().size();
+        calc.appendBlock(c.block);
+        EXPECT_EQ(calc.tape().text().substr(before), c.written);
+        calc.type("1+");
+        EXPECT_DOUBLE_EQ(calc.total(), 6);
+        const Calculator again = reloaded(calc);
+        EXPECT_DOUBLE_EQ(again.total(), 6);
+        EXPECT_EQ(again.counterText(), calc.counterText());
+    }
 }
 
 TEST(EnterAmount, TakesALineOfTheTapeAgain) {
@@ -286,6 +518,36 @@ TEST(EnterAmount, TakesALineOfTheTapeAgain) {
     EXPECT_FALSE(calc.enterAmount("VALOR INICIAL"));
     EXPECT_FALSE(calc.enterAmount(""));
     EXPECT_TRUE(typed("5+").calculationInProgress());
+}
+
+TEST(EnterAmount, TakesOnlyWhatAnEntryHolds) {
+    struct Case {
+        const char* label;
+        const char* field;
+        CalculatorOptions options;
+        const char* display;  // nullptr: refused, the entry stays as it was
+    };
+    const CalculatorOptions fixed{.format = NumberFormat::Fixed};
+    const Case cases[] = {
+        {"fifteen digits", "123.456.789.012.345", {}, "123.456.789.012.345"},
+        {"wider than the tape's field", "100.000.000.000.000.000.000", {}, nullptr},
+        {"sixteen digits", "1.234.567.890.123,456", {}, nullptr},
+        {"seven decimals", "1,1234567", {}, nullptr},
+        {"fixed format: an amount is not cents", "250", fixed, "250,00"},
+        {"fixed format: decimals as they stand", "56,78", fixed, "56,78"},
+        {"a duration in time mode", "01:30:00", {.timeMode = true}, "01:30:00"},
+        {"a duration outside time mode", "01:30:00", {}, nullptr},
+        {"an amount in time mode", "1.234,50", {.timeMode = true}, nullptr},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.label);
+        Calculator calc = typed("7", c.options);
+        const std::string before = calc.display();
+        EXPECT_EQ(calc.enterAmount(c.field), c.display != nullptr);
+        EXPECT_EQ(calc.display(), c.display != nullptr ? c.display : before);
+        calc.type("+");
+        EXPECT_EQ(reloaded(calc).total(), calc.total());
+    }
 }
 
 TEST(ClearTape, BacksUpAndStartsWithAHeading) {
@@ -397,6 +659,15 @@ TEST(LoadTape, UndoWorksAfterReloadAndForeignLinesAreSkipped) {
     Calculator mixed(kBrazil);
     mixed.loadTape(tapeLine("10,00", "+") + "JURO TOTAL  3,00\r\n" + tapeLine("5,00", "+"));
     EXPECT_DOUBLE_EQ(mixed.total(), 15);
+}
+
+TEST(LoadTape, ADatedHeadingStartsANewTotal) {
+    Calculator calc(kBrazil);
+    calc.loadTape(tapeLine("10,00", "+") + tapeLine("5,00", "+") + kHeading + tapeLine("7,00", "+"));
+    EXPECT_DOUBLE_EQ(calc.total(), 7);
+    EXPECT_EQ(calc.counterText(), "001");
+    EXPECT_TRUE(calc.undo());
+    EXPECT_FALSE(calc.undo());  // not back across the heading
 }
 
 }  // namespace
