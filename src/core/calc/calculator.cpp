@@ -391,9 +391,9 @@ void Calculator::applyLine(double amount, Operator op, bool duration) {
 }
 
 void Calculator::writeTotalBlock() {
-    const std::string text = formatTotal(m_total);
-    const bool overflow = m_state == TotalState::Error || common::utf8Length(text) >= kDisplayColumns;
-    std::string block = totalLine(common::utf8Left(text, kDisplayColumns), overflow);
+    // The running total's state already says whether its text needs 22 columns or more.
+    const bool overflow = m_state == TotalState::Error;
+    std::string block = totalLine(common::utf8Left(formatTotal(m_total), kDisplayColumns), overflow);
     block.append(kSeparatorLine).append(kLineEnd);
     appendEngineText(block);
     m_state = overflow ? TotalState::Error : TotalState::Struck;

@@ -8,6 +8,7 @@
 
 #include "core/calc/calculator.h"
 #include "fakes/fake_clock.h"
+#include "fakes/mirror_sink.h"
 
 namespace zv::calc {
 namespace {
@@ -26,13 +27,28 @@ void expectSameState(const Calculator& got, const Calculator& wanted, const char
     EXPECT_EQ(got.counterText(), wanted.counterText());
 }
 
-void checkInvariants(const Calculator& calc) {
+void checkInvariants(const Calculator& calc, const fakes::MirrorSink& file) {
+    EXPECT_EQ(file.copy, calc.tape().text()) << "the tape file missed a change";
+    EXPECT_FALSE(file.offsetBeyondEnd);
+
     Calculator reread(kBrazil, calc.options());
     reread.loadTape(calc.tape().text());
     EXPECT_EQ(reread.tape().text(), calc.tape().text());
     expectSameState(reread, calc, "the tape read back");
+    // Both go on the same way (the pending operator and the new-total rule came back too).
+    Calculator goesOn = calc;
+    goesOn.setTapeSink(nullptr);
+    while (!goesOn.entry().empty()) {
+        goesOn.backspace();  // what was being typed is not on the tape
+    }
+    for (Calculator* c : {&goesOn, &reread}) {
+        c->type("7%3+2=");
+    }
+    EXPECT_EQ(reread.tape().text(), goesOn.tape().text());
+    expectSameState(reread, goesOn, "the tape read back, then more keys");
 
     Calculator undone = calc;
+    undone.setTapeSink(nullptr);
     if (undone.undo()) {
         ASSERT_TRUE(undone.redo());
         EXPECT_EQ(undone.tape().text(), calc.tape().text());
@@ -52,6 +68,8 @@ TEST(Property, RandomKeysKeepTheTapeTrue) {
         options.timeMode = run % 7 == 0;
         options.enter = run % 2 == 0 ? EnterAction::Plus : EnterAction::Equals;
         Calculator calc(kBrazil, options, {&clock, nullptr});
+        fakes::MirrorSink file;
+        calc.setTapeSink(&file);
         std::string keys;
         for (int step = 0; step < 50 && !::testing::Test::HasFailure(); ++step) {
             const char action = actions[pick(random)];
@@ -100,7 +118,7 @@ TEST(Property, RandomKeysKeepTheTapeTrue) {
                     calc.Form_KeyPress(static_cast<unsigned char>(action));
             }
             SCOPED_TRACE("run " + std::to_string(run) + ", keys " + keys);
-            checkInvariants(calc);
+            checkInvariants(calc, file);
         }
         if (::testing::Test::HasFailure()) {
             return;  // the first sequence that breaks a rule is the one to read

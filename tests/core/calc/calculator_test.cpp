@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cmath>
 #include <string>
 #include <tuple>
 
@@ -86,54 +88,42 @@ TEST(Tape, EveryKeyWritesItsLine) {
 }
 
 TEST(Total, FollowsTheTapeStrictlyLeftToRight) {
-    const std::pair<const char*, double> cases[] = {
-        {"2+3*4=", 20},
-        {"10-4/3=", 2},
-        {"7*2=", 14},
-        {"0,1+0,2=", 0.3},
-        {"100+50-", 150},
-        {"50+*3=", 150},              // a rewritten operator is the pending one
-        {"2+3=4*5=", 20},             // an amount after a strike starts a new total,
-        {"200+10%7+", 7},             // after a percent too,
-        {"2+3==4+", 4},               // at once after a second strike,
-        {"99999999*99999999=5+", 5},  // and after a strike in error
-        {"2+3==", 0},                 // a second strike clears the total
-        {"150+50=10%", 20},           // a percent right after a total is the total's share
+    struct Case {
+        const char* keys;
+        double total;
+        const char* counter;
+        TotalState state;
     };
-    for (const auto& [keys, total] : cases) {
-        EXPECT_NEAR(typed(keys).total(), total, 1e-9) << keys;
-    }
-}
-
-TEST(Total, PercentDependsOnTheOperatorBeforeItAndStrikes) {
-    // Mark-up after +, discount after -, share after × and ÷.
-    const std::pair<const char*, double> cases[] = {
-        {"5+10%", 5.5}, {"200-10%", 180}, {"200*10%", 20}, {"200/10%", 20}};
-    for (const auto& [keys, total] : cases) {
-        const Calculator calc = typed(keys);
-        EXPECT_NEAR(calc.total(), total, 1e-9) << keys;
-        EXPECT_EQ(calc.state(), TotalState::Struck) << keys;
-    }
-}
-
-TEST(Total, CounterAndState) {
-    const std::tuple<const char*, const char*, TotalState> cases[] = {
-        {"2+3*4=", "003", TotalState::Struck},
-        {"2+3=4*5=", "002", TotalState::Struck},
-        {"150+50=10%", "001", TotalState::Struck},
-        {"50+0-", "001", TotalState::None},
-        {"2+3==", "000", TotalState::None},
-        {"2+3==4+", "001", TotalState::None},
-        {"99999999*99999999+1+2+", "002", TotalState::Error},  // the counter stops while in error
-        {"99999999*99999999=5+", "001", TotalState::None},     // the next total starts afresh
+    const Case cases[] = {
+        {"2+3*4=", 20, "003", TotalState::Struck},
+        {"10-4/3=", 2, "003", TotalState::Struck},
+        {"0,1+0,2=", 0.3, "002", TotalState::Struck},
+        {"100+50-", 150, "002", TotalState::None},
+        {"50+*3=", 150, "002", TotalState::Struck},  // a rewritten operator is the pending one
+        {"50+0-", 50, "001", TotalState::None},      // a typed zero is no amount
+        // Percent: mark-up after +, discount after -, share after × and ÷; it strikes the total.
+        {"5+10%", 5.5, "002", TotalState::Struck},
+        {"200-10%", 180, "002", TotalState::Struck},
+        {"200*10%", 20, "002", TotalState::Struck},
+        {"200/10%", 20, "002", TotalState::Struck},
+        {"150+50=10%", 20, "001", TotalState::Struck},  // right after a total: its share
+        // An amount after a strike starts a new total: after "=", after a percent, after a
+        // second strike (which clears the total) and after a strike in error.
+        {"2+3=4*5=", 20, "002", TotalState::Struck},
+        {"200+10%7+", 7, "001", TotalState::None},
+        {"2+3==", 0, "000", TotalState::None},
+        {"2+3==4+", 4, "001", TotalState::None},
+        {"99999999*99999999=5+", 5, "001", TotalState::None},
+        {"99999999*99999999+1+2+", 9.999999800000004e15, "002", TotalState::Error},  // no count in error
     };
-    for (const auto& [keys, counter, state] : cases) {
-        const Calculator calc = typed(keys);
-        EXPECT_EQ(calc.counterText(), counter) << keys;
-        EXPECT_EQ(calc.state(), state) << keys;
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.keys);
+        const Calculator calc = typed(c.keys);
+        EXPECT_NEAR(calc.total(), c.total, 1e-9 * std::max(1.0, std::fabs(c.total)));
+        EXPECT_EQ(calc.counterText(), c.counter);
+        EXPECT_EQ(calc.state(), c.state);
     }
     EXPECT_EQ(typed("2+3*4=").display(), "0");
-    EXPECT_FALSE(typed("2+3==").canUndo());
 }
 
 TEST(Total, OverflowIsMarkedEAndReadsBackSo) {
@@ -609,43 +599,6 @@ TEST(ClearTape, BackupRules) {
         EXPECT_FALSE(report.cleared);
         EXPECT_TRUE(report.backupFailed);
         EXPECT_EQ(calc.tape().text(), tapeLine("5,00", "+"));
-    }
-}
-
-TEST(Sink, SeesEveryChangeInOrder) {
-    fakes::MirrorSink sink;
-    const fakes::FakeClock clock;
-    Calculator calc(kBrazil, {}, {&clock, nullptr});
-    calc.setTapeSink(&sink);
-    for (const char* keys : {"100+", "50-", "*", "3=", "", "7+", "8%", "="}) {
-        calc.type(keys);
-        EXPECT_EQ(sink.copy, calc.tape().text()) << keys;
-    }
-    calc.undo();
-    EXPECT_EQ(sink.copy, calc.tape().text());
-    calc.redo();
-    EXPECT_EQ(sink.copy, calc.tape().text());
-    calc.appendBlock("block line\nsecond");
-    EXPECT_EQ(sink.copy, calc.tape().text());
-    calc.clearTape();
-    EXPECT_EQ(sink.copy, calc.tape().text());
-    EXPECT_FALSE(sink.offsetBeyondEnd);
-}
-
-TEST(LoadTape, WorksTheStateOutFromTheLines) {
-    // A struck total, a new total after a strike and after a double strike, percent, a rewritten operator.
-    for (const char* keys : {"2+3*4=", "2+3=4*5+", "2+3==4+", "200-10%", "50+*"}) {
-        SCOPED_TRACE(keys);
-        Calculator original = typed(keys);
-        Calculator reloaded(kBrazil);
-        reloaded.loadTape(original.tape().text());
-        EXPECT_EQ(reloaded.tape().text(), original.tape().text());
-        EXPECT_DOUBLE_EQ(reloaded.total(), original.total());
-        EXPECT_EQ(reloaded.counterText(), original.counterText());
-        EXPECT_EQ(reloaded.state(), original.state());
-        original.type("9+");  // both go on the same way
-        reloaded.type("9+");
-        EXPECT_DOUBLE_EQ(reloaded.total(), original.total());
     }
 }
 
