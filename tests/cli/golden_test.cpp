@@ -176,7 +176,8 @@ std::variant<Case, std::string> parseCase(std::string_view line) {
         const Word& word = words[i];
         const bool quotedNext = i + 1 < words.size() && !words[i + 1].bare;
         if (isMarker(word, "exit")) {
-            if (exitGiven || quotedNext || i + 1 >= words.size() || !common::allDigits(words[i + 1].text)) {
+            if (exitGiven || quotedNext || i + 1 >= words.size() || !common::allDigits(words[i + 1].text) ||
+                words[i + 1].text.size() > 3) {
                 return std::string("'exit' needs a number, once");
             }
             c.code = std::stoi(words[++i].text);
