@@ -1,0 +1,25 @@
+#include "cli/command.h"
+
+namespace zv::cli {
+
+const std::vector<Command>& commands() {
+    static const std::vector<Command> table = {
+        {"tape",
+         {{"--format", "0|1|2"},
+          {"--enter", "plus|equals"},
+          {"--numlock", ""},
+          {"--time", ""},
+          {"--json", ""}},
+         "[KEYS...]",
+         "types KEYS into a fresh calculator and prints the tape; named keys:\n"
+         "{ENTER} {BACK} {CE} {NEG} {UNDO} {REDO} {CLEAR}. Without KEYS the keys are read\n"
+         "from standard input (from a terminal: the adding machine, kept between runs)",
+         &runTape},
+        {"words", {{"--no-currency", ""}}, "AMOUNT", "the amount in Portuguese words", &runWords},
+        {"text", {}, "CODE [ARG1 [ARG2 [ARG3]]]", "an interface text", &runText},
+        {"money", {}, "VALUE", "VALUE in the money format", &runMoney},
+    };
+    return table;
+}
+
+}  // namespace zv::cli
