@@ -2,6 +2,7 @@
 
 #include <cstdio>
 
+#include "core/common/date.h"
 #include "core/common/text_encoding.h"
 
 namespace zv::calc {
@@ -112,26 +113,10 @@ std::string backupRecord(std::string_view tapeText, const common::DateTime& now)
 
 std::string headingLine(const common::DateTime& now, common::DateOrder order,
                         std::string_view dateSeparator) {
-    char day[8];
-    char month[8];
-    char year[8];
-    std::snprintf(day, sizeof day, "%02d", now.day);
-    std::snprintf(month, sizeof month, "%02d", now.month);
-    std::snprintf(year, sizeof year, "%04d", now.year);
-    const std::string sep(dateSeparator);
-    std::string line;
-    switch (order) {
-        case common::DateOrder::DayMonthYear:
-            line = day + sep + month + sep + year;
-            break;
-        case common::DateOrder::MonthDayYear:
-            line = month + sep + day + sep + year;
-            break;
-        case common::DateOrder::YearMonthDay:
-            line = year + sep + month + sep + day;
-            break;
-    }
-    line.append(" ==============").append(kLineEnd);
+    // A clock reading that is not a real day (never from a real clock) shows as zeros.
+    const common::Date date = common::dateOf(now).value_or(common::Date{});
+    std::string line = common::formatDate(date, order, dateSeparator);
+    line.append(kHeadingTail).append(kLineEnd);
     return line;
 }
 
