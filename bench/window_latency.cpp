@@ -40,7 +40,6 @@ int main(int argc, char** argv) {
         }
     }
     zv::app::QSettingsStore store(dir.filePath(QStringLiteral("Quorvati.ini")));
-    store.write("Configura", "Sons", "1");
     const zv::common::SystemClock clock;
     zv::app::DesktopDialogs dialogs;
     zv::app::CalcWindowContext context;
@@ -48,6 +47,7 @@ int main(int argc, char** argv) {
     context.dataFolder = dir.path().toStdString();
     context.clock = &clock;
     context.dialogs = &dialogs;
+    context.makeMidi = [] { return zv::platform::makeMidiOut(); };
 
     QElapsedTimer load;
     load.start();

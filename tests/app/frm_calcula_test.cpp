@@ -17,6 +17,7 @@
 #include "app/common/qsettings_store.h"
 #include "core/common/text_table.h"
 #include "fakes/fake_clock.h"
+#include "fakes/fake_midi_out.h"
 #include "fakes/sample_text.h"
 #include "fakes/scripted_dialogs.h"
 
@@ -46,6 +47,8 @@ private:
         context.regional = common::Regional{};  // Brazilian separators, Portuguese
         context.clock = &m_clock;
         context.dialogs = &m_dialogs;
+        context.makeMidi = [this] { return m_synth.make(); };
+        context.beep = [this] { ++m_beeps; };
         auto window = std::make_unique<app::FrmCalcula>(std::move(context));
         window->show();
         return window;
@@ -80,15 +83,46 @@ private:
     std::unique_ptr<app::QSettingsStore> m_store;
     fakes::FakeClock m_clock;
     ScriptedDialogs m_dialogs;
+    fakes::FakeSynth m_synth;
+    int m_beeps = 0;
 
 private slots:
     void init() {
         m_dir = std::make_unique<QTemporaryDir>();
         QDir(m_dir->path()).mkpath(QStringLiteral("data"));
         m_store = std::make_unique<app::QSettingsStore>(path("Quorvati.ini"));
-        // Quiet keys: no sound device here.
-        m_store->write("Configura", "Sons", "1");
         m_dialogs = ScriptedDialogs{};
+        m_synth = fakes::FakeSynth{};
+        m_beeps = 0;
+    }
+
+    void soundThatCannotStartCostsNoKey() {
+        m_synth.opens = false;
+        auto window = open();
+        QTest::keyClicks(window.get(), QStringLiteral("12+"));
+        auto* notice = child<QLabel>(*window, "lblAviso");
+        QTRY_VERIFY(notice->isVisible());
+        m_beeps = 0;
+        QTest::keyClicks(window.get(), QStringLiteral("3+"));
+        QCOMPARE(tape(*window), tapeLine("12,00", "+") + tapeLine("3,00", "+"));
+        QVERIFY2(m_dialogs.messages.isEmpty(), qPrintable(m_dialogs.messages.join(QLatin1Char('|'))));
+        QCOMPARE(notice->text(), portuguese(common::txt::kMidiError));
+        QCOMPARE(m_beeps, 2);
+        QVERIFY(m_synth.notes.empty());
+        // Dismissed, it stays away while the keys go on beeping.
+        QTest::mouseClick(child<QWidget>(*window, "cmdFecharAviso"), Qt::LeftButton);
+        QVERIFY(!notice->isVisible());
+        QTest::keyClicks(window.get(), QStringLiteral("4"));
+        QCOMPARE(m_beeps, 3);
+    }
+
+    void musicalKeysPlayTheirNotes() {
+        auto window = open();
+        QTRY_COMPARE(m_synth.openings, 1);
+        QTest::keyClicks(window.get(), QStringLiteral("7+"));
+        QCOMPARE(m_synth.notes, (std::vector<int>{'7' + 36, '+' + 36}));
+        QCOMPARE(m_beeps, 0);
+        QVERIFY(!child<QLabel>(*window, "lblAviso")->isVisible());
     }
 
     void keysMakeTapeLinesAndTotals() {

@@ -24,6 +24,7 @@
 #include <QStandardPaths>
 #include <QStyle>
 #include <QTimer>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 #include "app/calc/tape_printer.h"
@@ -121,7 +122,9 @@ FrmCalcula::FrmCalcula(CalcWindowContext context, QWidget* parent)
       m_calc(m_ctx.regional,
              calc::CalculatorOptions{m_settings.format, m_settings.enter, m_settings.numLock, m_ctx.timeMode,
                                      m_settings.backup},
-             calc::CalculatorServices{m_ctx.clock, &m_backup}) {
+             calc::CalculatorServices{m_ctx.clock, &m_backup}),
+      m_sounds(m_ctx.makeMidi,
+               m_ctx.beep ? m_ctx.beep : std::function<void()>([] { QApplication::beep(); })) {
     setObjectName(QStringLiteral("frmCalcula"));
     setFocusPolicy(Qt::StrongFocus);
     buildWidgets();
@@ -143,6 +146,7 @@ FrmCalcula::FrmCalcula(CalcWindowContext context, QWidget* parent)
     refresh();
 
     connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this, &FrmCalcula::clipboardChanged);
+    m_sounds.choose(m_settings.sound, m_settings.instrument);
     if (m_settings.sound == calc::KeySound::Musical) {
         // After the window is up: the synthesizer takes a moment to load its sounds.
         QTimer::singleShot(300, this, &FrmCalcula::openMidi);
@@ -151,9 +155,6 @@ FrmCalcula::FrmCalcula(CalcWindowContext context, QWidget* parent)
 
 FrmCalcula::~FrmCalcula() {
     m_calc.setTapeSink(nullptr);
-    if (m_midi) {
-        m_midi->close();
-    }
 }
 
 bool FrmCalcula::tapeFileHealthy() const {
@@ -172,6 +173,31 @@ void FrmCalcula::buildWidgets() {
     auto* column = new QVBoxLayout(central);
     column->setContentsMargins(6, 6, 6, 6);
     column->setSpacing(4);
+
+    // A notice the user reads and dismisses when it suits them: it never takes the keyboard.
+    fraAviso = new QFrame(central);
+    fraAviso->setObjectName(QStringLiteral("fraAviso"));
+    fraAviso->setFrameShape(QFrame::StyledPanel);
+    paintBackground(fraAviso, QPalette::Window, QColor(0xFF, 0xF4, 0xC0));
+    auto* noticeRow = new QHBoxLayout(fraAviso);
+    noticeRow->setContentsMargins(6, 2, 2, 2);
+    lblAviso = new QLabel(fraAviso);
+    lblAviso->setObjectName(QStringLiteral("lblAviso"));
+    lblAviso->setWordWrap(true);
+    lblAviso->setTextInteractionFlags(Qt::NoTextInteraction);
+    noticeRow->addWidget(lblAviso, 1);
+    auto* dismiss = new QToolButton(fraAviso);
+    dismiss->setObjectName(QStringLiteral("cmdFecharAviso"));
+    dismiss->setText(QStringLiteral("\u00D7"));
+    dismiss->setAutoRaise(true);
+    dismiss->setFocusPolicy(Qt::NoFocus);
+    connect(dismiss, &QToolButton::clicked, this, [this] {
+        m_noticeCode = 0;
+        fraAviso->hide();
+    });
+    noticeRow->addWidget(dismiss, 0, Qt::AlignTop);
+    fraAviso->hide();
+    column->addWidget(fraAviso);
 
     auto* display = new QFrame(central);
     display->setObjectName(QStringLiteral("fraVisor"));
@@ -536,6 +562,9 @@ void FrmCalcula::applyLanguage() {
     txtFita->setAccessibleName(plainCaption(text(96)));
     chkCE->setAccessibleName(plainCaption(text(161)).trimmed());
     chkBack->setAccessibleName(text(common::txt::kBackspaceName));
+    if (m_noticeCode != 0) {
+        lblAviso->setText(text(m_noticeCode));
+    }
     setWindowTitle(m_ctx.auxiliary ? QStringLiteral(" Zavrello [Aux]") : QStringLiteral(" Zavrello"));
     fitWidth();
 }
@@ -609,20 +638,7 @@ void FrmCalcula::Form_KeyPress(int key) {
 }
 
 void FrmCalcula::afterKey(int acceptedKey) {
-    if (acceptedKey != 0) {
-        switch (m_settings.sound) {
-            case calc::KeySound::Beep:
-                QApplication::beep();
-                break;
-            case calc::KeySound::Musical:
-                if (m_midi && m_midi->isOpen()) {
-                    m_midi->note(acceptedKey + 36);
-                }
-                break;
-            case calc::KeySound::None:
-                break;
-        }
-    }
+    m_sounds.strike(acceptedKey);
     refresh();
     if (!txtFita->editing()) {
         setFocus();
@@ -1034,32 +1050,22 @@ void FrmCalcula::chooseSound(calc::KeySound sound, bool askInstrument) {
     mnuBeep->setChecked(sound == calc::KeySound::Beep);
     mnuSom->setChecked(sound == calc::KeySound::Musical);
     saveOption(keys::kSons, std::to_string(static_cast<int>(sound)));
-    if (sound == calc::KeySound::Musical) {
-        if (m_midi) {
-            m_midi->close();
-        }
-        m_midiFailed = false;
-        openMidi();
-    } else if (m_midi) {
-        m_midi->close();
-    }
+    m_sounds.choose(sound, m_settings.instrument);
+    openMidi();
 }
 
 void FrmCalcula::openMidi() {
-    if (m_settings.sound != calc::KeySound::Musical || !m_ctx.makeMidi) {
-        return;
+    // Keys typed meanwhile are not held up by a message: the notice waits in the window, and the
+    // keys beep instead of playing.
+    if (!m_sounds.startSynthesizer()) {
+        showNotice(common::txt::kMidiError);
     }
-    if (!m_midi) {
-        m_midi = m_ctx.makeMidi();
-    }
-    if (m_midi && m_midi->open(m_settings.instrument)) {
-        return;
-    }
-    // Said once; the calculator goes on without sound.
-    if (!m_midiFailed) {
-        m_midiFailed = true;
-        m_ctx.dialogs->message(this, Dialogs::Icon::Warning, text(common::txt::kMidiError));
-    }
+}
+
+void FrmCalcula::showNotice(int textCode) {
+    m_noticeCode = textCode;
+    lblAviso->setText(text(textCode));
+    fraAviso->show();
 }
 
 void FrmCalcula::mnuIdioma_Click(int language) {

@@ -8,6 +8,7 @@
 #include <memory>
 #include <optional>
 
+#include "app/calc/key_sounds.h"
 #include "core/calc/backup_file.h"
 #include "core/calc/calc_settings.h"
 #include "core/calc/calculator.h"
@@ -38,7 +39,8 @@ struct CalcWindowContext {
     common::Regional regional;
     const common::Clock* clock = nullptr;
     Dialogs* dialogs = nullptr;
-    std::function<std::unique_ptr<platform::MidiOut>()> makeMidi;
+    std::function<std::unique_ptr<platform::MidiOut>()> makeMidi;  // none: no synthesizer
+    std::function<void()> beep;                                    // none: the system beep
     // Registers the program to start in the tray at logon, or not; none: leave the system alone.
     std::function<void(bool)> setStartWithSystem;
     // The tray program's utilities (alarm, shutdown, restrictions, shortcut), offered as mnuUtil.
@@ -131,6 +133,7 @@ private:
     void mnuEmail_Click();
     void clipboardChanged();
     void openMidi();
+    void showNotice(int textCode);
     void keepNumLockOn();
 
     CalcWindowContext m_ctx;
@@ -141,8 +144,8 @@ private:
     std::unique_ptr<calc::TapeFile> m_tapeFile;
     calc::TapeSink* m_viewSink = nullptr;
     std::unique_ptr<calc::TapeSink> m_fanOut;
-    std::unique_ptr<platform::MidiOut> m_midi;
-    bool m_midiFailed = false;
+    KeySounds m_sounds;
+    int m_noticeCode = 0;  // the text of the notice shown, 0: none
     bool m_deleteArmed = false;
     bool m_syntheticNumLock = false;
     int m_tapeWidth = 0;
@@ -150,6 +153,8 @@ private:
 
     // Widgets, named as the system names them (each is also its objectName).
     QFrame* fraTeclado = nullptr;
+    QFrame* fraAviso = nullptr;
+    QLabel* lblAviso = nullptr;
     QLabel* lblVisor0 = nullptr;
     QLabel* lblVisor1 = nullptr;
     QLabel* lblTotal = nullptr;
