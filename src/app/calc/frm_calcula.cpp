@@ -119,9 +119,7 @@ FrmCalcula::FrmCalcula(CalcWindowContext context, QWidget* parent)
                      ? static_cast<common::Language>(m_settings.language)
                      : m_ctx.regional.language),
       m_backup(m_ctx.dataFolder / std::string(calc::kBackupFileName)),
-      m_calc(m_ctx.regional,
-             calc::CalculatorOptions{m_settings.format, m_settings.enter, m_settings.numLock, m_ctx.timeMode,
-                                     m_settings.backup},
+      m_calc(m_ctx.regional, calc::engineOptions(m_settings, m_ctx.timeMode),
              calc::CalculatorServices{m_ctx.clock, &m_backup}),
       m_sounds(m_ctx.makeMidi,
                m_ctx.beep ? m_ctx.beep : std::function<void()>([] { QApplication::beep(); })) {
@@ -815,9 +813,7 @@ void FrmCalcula::mnuWindows_Click() {
 }
 
 void FrmCalcula::mnuTempo_Click() {
-    calc::CalculatorOptions options = m_calc.options();
-    options.timeMode = mnuTempo->isChecked();
-    m_calc.setOptions(options);
+    m_calc.setOptions(calc::engineOptions(m_settings, mnuTempo->isChecked()));
     refresh();
 }
 
@@ -896,9 +892,7 @@ void FrmCalcula::mnuLimpar_Click() {
 
 void FrmCalcula::mnuBackup_Click() {
     m_settings.backup = mnuBackup->isChecked();
-    calc::CalculatorOptions options = m_calc.options();
-    options.backup = m_settings.backup;
-    m_calc.setOptions(options);
+    m_calc.setOptions(calc::engineOptions(m_settings, m_calc.options().timeMode));
     saveOption(keys::kBackup, common::boolText(m_settings.backup));
 }
 
@@ -1005,18 +999,14 @@ void FrmCalcula::mnuGrande_Click() {
 
 void FrmCalcula::mnuNumLock_Click() {
     m_settings.numLock = mnuNumLock->isChecked();
-    calc::CalculatorOptions options = m_calc.options();
-    options.numLock = m_settings.numLock;
-    m_calc.setOptions(options);
+    m_calc.setOptions(calc::engineOptions(m_settings, m_calc.options().timeMode));
     saveOption(keys::kNumLock, common::boolText(m_settings.numLock));
     keepNumLockOn();
 }
 
 void FrmCalcula::mnuNumeral_Click(int index) {
     m_settings.format = static_cast<calc::NumberFormat>(index);
-    calc::CalculatorOptions options = m_calc.options();
-    options.format = m_settings.format;
-    m_calc.setOptions(options);
+    m_calc.setOptions(calc::engineOptions(m_settings, m_calc.options().timeMode));
     saveOption(keys::kFormato, std::to_string(index));
     refresh();
 }
@@ -1086,9 +1076,7 @@ void FrmCalcula::mnuXP_Click() {
 
 void FrmCalcula::mnuEnter_Click(calc::EnterAction enter) {
     m_settings.enter = enter;
-    calc::CalculatorOptions options = m_calc.options();
-    options.enter = enter;
-    m_calc.setOptions(options);
+    m_calc.setOptions(calc::engineOptions(m_settings, m_calc.options().timeMode));
     saveOption(keys::kCalcEnter, calc::storedEnter(enter));
     if (enter == calc::EnterAction::Plus) {
         m_ctx.dialogs->message(this, Dialogs::Icon::Information, text(common::txt::kEnterAddsInfo));
