@@ -15,6 +15,7 @@
 #include "app/calc/tape_view.h"
 #include "app/common/dialogs.h"
 #include "app/common/qsettings_store.h"
+#include "app/common/ui_language.h"
 #include "core/common/text_table.h"
 #include "fakes/fake_clock.h"
 #include "fakes/fake_midi_out.h"
@@ -41,15 +42,17 @@ class FrmCalculaTest : public QObject {
 
 private:
     std::unique_ptr<app::FrmCalcula> open() {
+        app::AppContext app;
+        app.store = m_store.get();
+        app.dataFolder = path("data").toStdString();
+        app.regional = common::Regional{};  // Brazilian separators
+        app.clock = &m_clock;
+        app.dialogs = &m_dialogs;
+        app.language = m_language.get();
         app::CalcWindowContext context;
-        context.store = m_store.get();
-        context.dataFolder = path("data").toStdString();
-        context.regional = common::Regional{};  // Brazilian separators, Portuguese
-        context.clock = &m_clock;
-        context.dialogs = &m_dialogs;
         context.makeMidi = [this] { return m_synth.make(); };
         context.beep = [this] { ++m_beeps; };
-        auto window = std::make_unique<app::FrmCalcula>(std::move(context));
+        auto window = std::make_unique<app::FrmCalcula>(app, std::move(context));
         window->show();
         return window;
     }
@@ -83,6 +86,7 @@ private:
     std::unique_ptr<app::QSettingsStore> m_store;
     fakes::FakeClock m_clock;
     ScriptedDialogs m_dialogs;
+    std::unique_ptr<app::UiLanguage> m_language;
     fakes::FakeSynth m_synth;
     int m_beeps = 0;
 
@@ -92,6 +96,7 @@ private slots:
         QDir(m_dir->path()).mkpath(QStringLiteral("data"));
         m_store = std::make_unique<app::QSettingsStore>(path("Quorvati.ini"));
         m_dialogs = ScriptedDialogs{};
+        m_language = std::make_unique<app::UiLanguage>(common::Language::Portuguese);
         m_synth = fakes::FakeSynth{};
         m_beeps = 0;
     }
