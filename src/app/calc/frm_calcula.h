@@ -62,6 +62,8 @@ public:
     void LimpaTudo();
     // A finished block of text from a tool, appended to the tape as whole lines.
     void appendBlock(std::string_view block);
+    // The tool windows opened from this window's menus; their results go to its tape.
+    ToolWindows& tools() { return m_tools; }
     // Whether the tape file could be opened for writing as lines arrive.
     bool tapeFileHealthy() const;
 
