@@ -19,6 +19,12 @@ void ToolWindow::showEvent(QShowEvent* event) {
     }
 }
 
+ToolWindows::~ToolWindows() {
+    for (const auto& [kind, window] : m_windows) {
+        delete window.data();
+    }
+}
+
 void ToolWindows::bringUp(QWidget* window) {
     window->show();
     window->setWindowState(window->windowState() & ~Qt::WindowMinimized);

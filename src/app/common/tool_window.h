@@ -40,6 +40,10 @@ class ToolWindows {
 public:
     // `app` is read when a window is first made, so it may be completed after this is built.
     ToolWindows(const AppContext& app, QWidget* owner) : m_app(app), m_owner(owner) {}
+    // The windows go first, before whatever their context points at in the owner.
+    ~ToolWindows();
+    ToolWindows(const ToolWindows&) = delete;
+    ToolWindows& operator=(const ToolWindows&) = delete;
 
     // `Window` is built as Window(const AppContext&, QWidget* parent).
     template <class Window>
