@@ -246,18 +246,6 @@ private slots:
         QCOMPARE(tape(*again), tapeLine("250", "+"));  // numeral format: no forced decimals
     }
 
-    void malformedSettingsKeepTheDesign() {
-        m_store->write("Configura", "Formato", "x");
-        m_store->write("Configura", "Cor", "9");
-        m_store->write("Configura", "Visivel", "perhaps");
-        auto window = open();
-        QVERIFY(child<QAction>(*window, "mnuNumeral0")->isChecked());
-        QVERIFY(child<QAction>(*window, "mnuVisivel")->isChecked());
-        for (const char* scheme : {"mnuCor1", "mnuCor2", "mnuCor3", "mnuCor4"}) {
-            QVERIFY(!child<QAction>(*window, scheme)->isChecked());
-        }
-    }
-
     void colourSchemeIsApplied() {
         auto window = open();
         trigger(*window, "mnuCor3");

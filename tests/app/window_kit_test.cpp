@@ -168,11 +168,10 @@ private slots:
             QStringList shown;
             QTimer::singleShot(0, this, [&] {
                 auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-                if (box == nullptr) {
-                    return;
-                }
-                for (const QMessageBox::StandardButton standard :
-                     {QMessageBox::Yes, QMessageBox::No, QMessageBox::Cancel}) {
+                QVERIFY(box != nullptr);
+                const QMessageBox::StandardButton standards[] = {QMessageBox::Yes, QMessageBox::No,
+                                                                 QMessageBox::Cancel};
+                for (const QMessageBox::StandardButton standard : standards) {
                     if (QAbstractButton* button = box->button(standard)) {
                         shown << button->text();
                     }
@@ -180,8 +179,6 @@ private slots:
                 if (c.press < 0) {
                     QTest::keyClick(box, Qt::Key_Escape);
                 } else {
-                    const QMessageBox::StandardButton standards[] = {QMessageBox::Yes, QMessageBox::No,
-                                                                     QMessageBox::Cancel};
                     box->button(standards[c.press])->click();
                 }
             });

@@ -19,11 +19,8 @@
 #include "core/tray/restrictions.h"
 
 namespace zv::app {
-namespace {
 
 namespace txt = common::txt;
-
-}  // namespace
 
 FrmSysTray::FrmSysTray(const AppContext& app, TrayContext context, QObject* parent)
     : QObject(parent),
