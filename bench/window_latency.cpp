@@ -14,7 +14,9 @@
 #include "app/calc/frm_calcula.h"
 #include "app/common/dialogs.h"
 #include "app/common/qsettings_store.h"
+#include "app/common/ui_language.h"
 #include "core/common/clock.h"
+#include "platform/midi_out.h"
 
 namespace {
 
@@ -40,18 +42,21 @@ int main(int argc, char** argv) {
         }
     }
     zv::app::QSettingsStore store(dir.filePath(QStringLiteral("Quorvati.ini")));
-    store.write("Configura", "Sons", "1");
     const zv::common::SystemClock clock;
-    zv::app::DesktopDialogs dialogs;
+    zv::app::UiLanguage language(zv::common::Language::Portuguese);
+    zv::app::DesktopDialogs dialogs(language);
+    zv::app::AppContext shared;
+    shared.store = &store;
+    shared.dataFolder = dir.path().toStdString();
+    shared.clock = &clock;
+    shared.dialogs = &dialogs;
+    shared.language = &language;
     zv::app::CalcWindowContext context;
-    context.store = &store;
-    context.dataFolder = dir.path().toStdString();
-    context.clock = &clock;
-    context.dialogs = &dialogs;
+    context.makeMidi = [] { return zv::platform::makeMidiOut(); };
 
     QElapsedTimer load;
     load.start();
-    zv::app::FrmCalcula window(context);
+    zv::app::FrmCalcula window(shared, context);
     window.show();
     if (!QTest::qWaitForWindowExposed(&window)) {
         std::fprintf(stderr, "the window did not show\n");

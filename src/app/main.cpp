@@ -17,6 +17,7 @@
 #include "app/common/dialogs.h"
 #include "app/common/qsettings_store.h"
 #include "app/common/startup_entry.h"
+#include "app/common/ui_language.h"
 #include "app/tray/frm_sys_tray.h"
 #include "app/tray/power_off_factory.h"
 #include "app/tray/single_copy.h"
@@ -108,20 +109,23 @@ int main(int argc, char** argv) {
 
     zv::app::QSettingsStore store;
     const zv::common::SystemClock clock;
-    zv::app::DesktopDialogs dialogs;
     const zv::common::Regional regional = regionalFromLocale(store);
-    const std::filesystem::path folder = zv::platform::dataFolder();
+    zv::app::UiLanguage language(regional.language);
+    zv::app::DesktopDialogs dialogs(language);
+    zv::app::AppContext shared;
+    shared.store = &store;
+    shared.regional = regional;
+    shared.clock = &clock;
+    shared.dialogs = &dialogs;
+    shared.dataFolder = zv::platform::dataFolder();
+    shared.language = &language;
     // Each running calculator keeps a tape file of its own.
-    std::optional<zv::platform::CopyLock> lock = zv::platform::CopyLock::acquire(folder);
+    std::optional<zv::platform::CopyLock> lock = zv::platform::CopyLock::acquire(shared.dataFolder);
     const std::unique_ptr<zv::tray::Registry> registry = zv::platform::makeSystemRegistry();
 
     std::unique_ptr<zv::app::FrmSysTray> tray;
     if (first) {
         zv::app::TrayContext trayContext;
-        trayContext.store = &store;
-        trayContext.dialogs = &dialogs;
-        trayContext.clock = &clock;
-        trayContext.language = regional.language;
         trayContext.registry = registry.get();
         trayContext.powerOff = [] {
             if (const std::unique_ptr<zv::platform::PowerOff> power = zv::app::makeSystemPowerOff()) {
@@ -135,16 +139,11 @@ int main(int argc, char** argv) {
                 QDir::toNativeSeparators(QCoreApplication::applicationDirPath()).toStdString());
             return result.created ? std::optional<std::string>(result.where) : std::nullopt;
         };
-        tray = std::make_unique<zv::app::FrmSysTray>(std::move(trayContext));
+        tray = std::make_unique<zv::app::FrmSysTray>(shared, std::move(trayContext));
     }
 
     zv::app::CalcWindowContext context;
-    context.store = &store;
-    context.dataFolder = folder;
     context.tapeSuffix = lock ? lock->suffix() : std::string("x");
-    context.regional = regional;
-    context.clock = &clock;
-    context.dialogs = &dialogs;
     context.makeMidi = [] { return zv::platform::makeMidiOut(); };
     context.setStartWithSystem = zv::app::setStartWithSystem;
     context.auxiliary = !first;
@@ -152,18 +151,13 @@ int main(int argc, char** argv) {
     context.utilities = tray ? tray->utilitiesMenu() : nullptr;
     context.keepNumLockOn = [](bool checked) { return zv::platform::KeepNumLockOn(checked, x11Display()); };
     zv::app::FrmSysTray* trayWindow = tray.get();
-    context.languageChanged = [trayWindow](zv::common::Language language) {
-        if (trayWindow != nullptr) {
-            trayWindow->setLanguage(language);
-        }
-    };
     context.onClosed = [trayWindow](bool stayInTray) {
         // With the icon in the tray the program stays; otherwise closing the calculator ends it.
         if (trayWindow == nullptr || !stayInTray || !trayWindow->iconVisible()) {
             QCoreApplication::quit();
         }
     };
-    zv::app::FrmCalcula window(std::move(context));
+    zv::app::FrmCalcula window(shared, std::move(context));
 
     if (tray) {
         tray->setCalculator(&window);

@@ -81,6 +81,23 @@ void quietSynthesizerLog() {
     }
 }
 
+// ALSA writes every failure to standard error by itself (with no sound card, eight lines each time
+// a device is tried). A device that does not open is already told by open()'s result, so its error
+// handler, which is process-wide, is made silent. ALSA is loaded only when the synthesizer brought it.
+void quietAlsaHandler(const char*, int, const char*, int, const char*, ...) {}
+
+void quietAlsa() {
+    using Handler = void (*)(const char*, int, const char*, int, const char*, ...);
+    void* alsa = dlopen("libasound.so.2", RTLD_NOW | RTLD_LOCAL | RTLD_NOLOAD);
+    if (alsa == nullptr) {
+        return;
+    }
+    if (auto* setHandler = reinterpret_cast<int (*)(Handler)>(dlsym(alsa, "snd_lib_error_set_handler"))) {
+        setHandler(&quietAlsaHandler);
+    }
+    dlclose(alsa);  // drops only the reference taken here
+}
+
 // The synthesizer with the General MIDI font loaded and the program chosen on channel 4, and a
 // sequencer driven by the synthesizer's own sample clock, so that note-offs fall on time whether
 // the frames go to a sound card or to a buffer.
@@ -157,6 +174,7 @@ public:
             return false;
         }
         quietSynthesizerLog();
+        quietAlsa();
         const std::string soundFont = findGeneralMidiSoundFont();
         if (soundFont.empty()) {
             return false;

@@ -15,8 +15,10 @@
 #include "app/calc/tape_view.h"
 #include "app/common/dialogs.h"
 #include "app/common/qsettings_store.h"
+#include "app/common/ui_language.h"
 #include "core/common/text_table.h"
 #include "fakes/fake_clock.h"
+#include "fakes/fake_midi_out.h"
 #include "fakes/sample_text.h"
 #include "fakes/scripted_dialogs.h"
 
@@ -40,13 +42,17 @@ class FrmCalculaTest : public QObject {
 
 private:
     std::unique_ptr<app::FrmCalcula> open() {
+        app::AppContext app;
+        app.store = m_store.get();
+        app.dataFolder = path("data").toStdString();
+        app.regional = common::Regional{};  // Brazilian separators
+        app.clock = &m_clock;
+        app.dialogs = &m_dialogs;
+        app.language = m_language.get();
         app::CalcWindowContext context;
-        context.store = m_store.get();
-        context.dataFolder = path("data").toStdString();
-        context.regional = common::Regional{};  // Brazilian separators, Portuguese
-        context.clock = &m_clock;
-        context.dialogs = &m_dialogs;
-        auto window = std::make_unique<app::FrmCalcula>(std::move(context));
+        context.makeMidi = [this] { return m_synth.make(); };
+        context.beep = [this] { ++m_beeps; };
+        auto window = std::make_unique<app::FrmCalcula>(app, std::move(context));
         window->show();
         return window;
     }
@@ -80,15 +86,48 @@ private:
     std::unique_ptr<app::QSettingsStore> m_store;
     fakes::FakeClock m_clock;
     ScriptedDialogs m_dialogs;
+    std::unique_ptr<app::UiLanguage> m_language;
+    fakes::FakeSynth m_synth;
+    int m_beeps = 0;
 
 private slots:
     void init() {
         m_dir = std::make_unique<QTemporaryDir>();
         QDir(m_dir->path()).mkpath(QStringLiteral("data"));
         m_store = std::make_unique<app::QSettingsStore>(path("Quorvati.ini"));
-        // Quiet keys: no sound device here.
-        m_store->write("Configura", "Sons", "1");
         m_dialogs = ScriptedDialogs{};
+        m_language = std::make_unique<app::UiLanguage>(common::Language::Portuguese);
+        m_synth = fakes::FakeSynth{};
+        m_beeps = 0;
+    }
+
+    void soundThatCannotStartCostsNoKey() {
+        m_synth.opens = false;
+        auto window = open();
+        QTest::keyClicks(window.get(), QStringLiteral("12+"));
+        auto* notice = child<QLabel>(*window, "lblAviso");
+        QTRY_VERIFY(notice->isVisible());
+        m_beeps = 0;
+        QTest::keyClicks(window.get(), QStringLiteral("3+"));
+        QCOMPARE(tape(*window), tapeLine("12,00", "+") + tapeLine("3,00", "+"));
+        QVERIFY2(m_dialogs.messages.isEmpty(), qPrintable(m_dialogs.messages.join(QLatin1Char('|'))));
+        QCOMPARE(notice->text(), portuguese(common::txt::kMidiError));
+        QCOMPARE(m_beeps, 2);
+        QVERIFY(m_synth.notes.empty());
+        // Dismissed, it stays away while the keys go on beeping.
+        QTest::mouseClick(child<QWidget>(*window, "cmdFecharAviso"), Qt::LeftButton);
+        QVERIFY(!notice->isVisible());
+        QTest::keyClicks(window.get(), QStringLiteral("4"));
+        QCOMPARE(m_beeps, 3);
+    }
+
+    void musicalKeysPlayTheirNotes() {
+        auto window = open();
+        QTRY_COMPARE(m_synth.openings, 1);
+        QTest::keyClicks(window.get(), QStringLiteral("7+"));
+        QCOMPARE(m_synth.notes, (std::vector<int>{'7' + 36, '+' + 36}));
+        QCOMPARE(m_beeps, 0);
+        QVERIFY(!child<QLabel>(*window, "lblAviso")->isVisible());
     }
 
     void keysMakeTapeLinesAndTotals() {
@@ -205,18 +244,6 @@ private slots:
         QCOMPARE(child<QMenu>(*again, "mnuFita")->title(), QStringLiteral("Calculation &List"));
         QTest::keyClicks(again.get(), QStringLiteral("250+"));
         QCOMPARE(tape(*again), tapeLine("250", "+"));  // numeral format: no forced decimals
-    }
-
-    void malformedSettingsKeepTheDesign() {
-        m_store->write("Configura", "Formato", "x");
-        m_store->write("Configura", "Cor", "9");
-        m_store->write("Configura", "Visivel", "perhaps");
-        auto window = open();
-        QVERIFY(child<QAction>(*window, "mnuNumeral0")->isChecked());
-        QVERIFY(child<QAction>(*window, "mnuVisivel")->isChecked());
-        for (const char* scheme : {"mnuCor1", "mnuCor2", "mnuCor3", "mnuCor4"}) {
-            QVERIFY(!child<QAction>(*window, scheme)->isChecked());
-        }
     }
 
     void colourSchemeIsApplied() {

@@ -6,6 +6,7 @@
 #include <QtTest>
 
 #include "app/common/dialogs.h"
+#include "app/common/ui_language.h"
 #include "app/tray/frm_sys_tray.h"
 #include "core/common/text_table.h"
 #include "fakes/fake_clock.h"
@@ -32,19 +33,22 @@ class FrmSysTrayTest : public QObject {
     ScriptedDialogs m_dialogs;
     fakes::MemoryRegistry m_registry;
     fakes::MemorySettingsStore m_store;
+    std::unique_ptr<app::UiLanguage> m_language;
     int m_powerOffs = 0;
 
     std::unique_ptr<app::FrmSysTray> open(bool withRegistry = true) {
+        app::AppContext app;
+        app.store = &m_store;
+        app.dialogs = &m_dialogs;
+        app.clock = &m_clock;
+        app.language = m_language.get();
         app::TrayContext context;
-        context.store = &m_store;
-        context.dialogs = &m_dialogs;
-        context.clock = &m_clock;
         context.registry = withRegistry ? &m_registry : nullptr;
         context.powerOff = [this] { ++m_powerOffs; };
         context.createShortcut = [] {
             return std::optional<std::string>("/home/user/.local/share/applications");
         };
-        return std::make_unique<app::FrmSysTray>(std::move(context));
+        return std::make_unique<app::FrmSysTray>(app, std::move(context));
     }
     void at(int h, int m, int s) { m_clock = fakes::FakeClock({2026, 11, 21, h, m, s}); }
     static QAction* action(const app::FrmSysTray& tray, const char* name) {
@@ -56,7 +60,8 @@ class FrmSysTrayTest : public QObject {
 private slots:
     void init() {
         m_dialogs = ScriptedDialogs{};
-        m_dialogs.yes = true;
+        m_dialogs.otherwise = ScriptedDialogs::Answer::Yes;
+        m_language = std::make_unique<app::UiLanguage>(common::Language::Portuguese);
         m_registry = fakes::MemoryRegistry{};
         m_store = fakes::MemorySettingsStore{};
         m_powerOffs = 0;
@@ -69,7 +74,7 @@ private slots:
         QVERIFY(action(*tray, "mnuSystray")->font().bold());
         QCOMPARE(tray->trayMenu()->defaultAction(), action(*tray, "mnuSystray"));
         QCOMPARE(action(*tray, "mnuAlarme")->text(), QStringLiteral("Agendar Hor\u00E1rio para Alarme"));
-        tray->setLanguage(common::Language::Spanish);
+        m_language->set(common::Language::Spanish);
         QCOMPARE(tray->utilitiesMenu()->title(), QStringLiteral("Herramientas"));
         QCOMPARE(action(*tray, "mnuSair")->text(), QStringLiteral("Salir"));
     }
@@ -103,13 +108,13 @@ private slots:
         m_dialogs.answers = {QStringLiteral("15:00")};  // the reason box cancelled
         action(*tray, "mnuAlarme")->trigger();
         QVERIFY(!tray->schedule().alarmScheduled());
-        m_dialogs.yes = false;
+        m_dialogs.otherwise = ScriptedDialogs::Answer::No;
         m_dialogs.answers = {QStringLiteral("18:30")};
         action(*tray, "mnuDesligar")->trigger();
         QCOMPARE(m_dialogs.messages.last(), pt(38));
         QVERIFY(!tray->schedule().shutdownScheduled());
         // Choosing a scheduled item again cancels it.
-        m_dialogs.yes = true;
+        m_dialogs.otherwise = ScriptedDialogs::Answer::Yes;
         m_dialogs.answers = {QStringLiteral("18:30")};
         action(*tray, "mnuDesligar")->trigger();
         QCOMPARE(m_dialogs.messages.last(), pt(39, "18:30"));
@@ -147,11 +152,11 @@ private slots:
         auto tray = open();
         QAction* proteger = action(*tray, "mnuProteger");
         QVERIFY(proteger->isVisible());
-        m_dialogs.yes = false;
+        m_dialogs.otherwise = ScriptedDialogs::Answer::No;
         proteger->trigger();
         QVERIFY(!proteger->isChecked());
         QVERIFY(m_registry.calls.empty());
-        m_dialogs.yes = true;
+        m_dialogs.otherwise = ScriptedDialogs::Answer::Yes;
         proteger->trigger();
         QVERIFY(proteger->isChecked());
         QCOMPARE(m_dialogs.messages.last(), pt(42));

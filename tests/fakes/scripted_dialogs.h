@@ -7,13 +7,13 @@
 
 namespace zv::fakes {
 
-// Answers for the user and records what a window said. Printing goes to `pdfPath`.
+// Answers for the user and records what a window said and asked. Printing goes to `pdfPath`.
 class ScriptedDialogs final : public app::Dialogs {
 public:
     void message(QWidget*, Icon, const QString& text) override { messages << text; }
-    bool question(QWidget*, const QString& text) override {
+    Answer question(QWidget*, const QString& text, Buttons) override {
         messages << text;
-        return yes;
+        return replies.isEmpty() ? otherwise : replies.takeFirst();
     }
     std::optional<QString> ask(QWidget*, const QString&, const QString& prompt, const QString&) override {
         prompts << prompt;
@@ -29,8 +29,9 @@ public:
 
     QStringList messages;
     QStringList prompts;
-    QStringList answers;
-    bool yes = false;
+    QStringList answers;            // to the questions asking for a line of text
+    QList<Answer> replies;          // to the Yes / No (/ Cancel) questions, in turn
+    Answer otherwise = Answer::No;  // once the replies are used up
     QString saveAs;
     QString pdfPath;
 };

@@ -19,17 +19,21 @@
 #include <QPrinter>
 #include <QProcess>
 #include <QPushButton>
-#include <QScreen>
 #include <QScrollBar>
 #include <QStandardPaths>
 #include <QStyle>
 #include <QTimer>
+#include <QToolButton>
 #include <QVBoxLayout>
 
+#include "app/calc/colour_schemes.h"
 #include "app/calc/tape_printer.h"
 #include "app/calc/tape_view.h"
+#include "app/common/captions.h"
 #include "app/common/dialogs.h"
 #include "app/common/menu_look.h"
+#include "app/common/ui_language.h"
+#include "app/common/window_placement.h"
 #include "core/calc/clipboard_numbers.h"
 #include "core/calc/roll_printer.h"
 #include "core/common/money.h"
@@ -48,7 +52,7 @@ namespace zv::app {
 namespace {
 
 namespace keys = common::settings;
-using common::txt::kBackupOpenFailed;
+namespace txt = common::txt;
 
 constexpr int kBuildNumber = ZV_BUILD_NUMBER;
 constexpr const char* kSupportAddress = "suporte@zavrello.com.br";
@@ -76,60 +80,35 @@ private:
     calc::TapeSink* m_file;
 };
 
-// The colours of a scheme, as 0x00BBGGRR values; kButtonFace stands for the system's colour.
-constexpr unsigned kButtonFace = 0x8000000F;
-constexpr unsigned kUnchanged = 0xFFFFFFFF;
-struct Scheme {
-    unsigned window, keypad, tape, tapeText, operators, display;
-};
-constexpr Scheme kSchemes[] = {
-    {kButtonFace, kButtonFace, 0xFFFFFF, 0x000000, kButtonFace, 0xFFFFC0},  // 0: as designed
-    {kButtonFace, kButtonFace, 0xFFFFFF, 0xFF0000, 0xFFFFFF, 0xFFFFC0},     // 1 "Padrão"
-    {0xFFFFFF, kUnchanged, 0xFFFFFF, 0x000000, 0x80C0FF, 0xFFFFC0},         // 2 "USA"
-    {0x00FFFF, 0xC0FFC0, 0xC0FFC0, 0x000000, 0xFFFF80, 0x80FF80},           // 3 "Verde"
-    {0xFFC0FF, 0xFF80FF, 0xC0FFFF, 0x000000, 0x80C0FF, 0xFFFFFF},           // 4 "Rosa"
-};
-
-QColor fromBgr(unsigned bgr, const QColor& system) {
-    if (bgr == kButtonFace) {
-        return system;
-    }
-    return QColor(static_cast<int>(bgr & 0xFF), static_cast<int>((bgr >> 8) & 0xFF),
-                  static_cast<int>((bgr >> 16) & 0xFF));
-}
-
-void paintBackground(QWidget* widget, QPalette::ColorRole role, const QColor& colour) {
-    QPalette palette = widget->palette();
-    palette.setColor(role, colour);
-    widget->setPalette(palette);
-    widget->setAutoFillBackground(true);
-}
-
-QString plainCaption(QString caption) {
-    return caption.remove(QLatin1Char('&'));
-}
-
 }  // namespace
 
-FrmCalcula::FrmCalcula(CalcWindowContext context, QWidget* parent)
+FrmCalcula::FrmCalcula(const AppContext& app, CalcWindowContext context, QWidget* parent)
     : QMainWindow(parent),
+      m_app(app),
       m_ctx(std::move(context)),
-      m_settings(calc::loadCalcSettings(*m_ctx.store)),
-      m_language(m_settings.language >= 1 && m_settings.language <= 3
-                     ? static_cast<common::Language>(m_settings.language)
-                     : m_ctx.regional.language),
-      m_backup(m_ctx.dataFolder / std::string(calc::kBackupFileName)),
-      m_calc(m_ctx.regional,
-             calc::CalculatorOptions{m_settings.format, m_settings.enter, m_settings.numLock, m_ctx.timeMode,
-                                     m_settings.backup},
-             calc::CalculatorServices{m_ctx.clock, &m_backup}) {
+      m_settings(calc::loadCalcSettings(*m_app.store)),
+      m_backup(m_app.dataFolder / std::string(calc::kBackupFileName)),
+      m_calc(m_app.regional, calc::engineOptions(m_settings, m_ctx.timeMode),
+             calc::CalculatorServices{m_app.clock, &m_backup}),
+      m_keySounds(m_ctx.makeMidi,
+                  m_ctx.beep ? m_ctx.beep : std::function<void()>([] { QApplication::beep(); })),
+      m_tools(m_app, this) {
     setObjectName(QStringLiteral("frmCalcula"));
     setFocusPolicy(Qt::StrongFocus);
+    setWindowTitle(m_ctx.auxiliary ? QStringLiteral(" Zavrello [Aux]") : QStringLiteral(" Zavrello"));
+    // The tools this window opens add their results to its tape.
+    m_app.appendToTape = [this](std::string_view block) { appendBlock(block); };
+    // A language chosen in this window before wins over the one the program started with.
+    if (m_settings.language >= 1 && m_settings.language <= 3) {
+        m_app.language->set(static_cast<common::Language>(m_settings.language));
+    }
+    m_captions = new Captions(*m_app.language, this);
+    connect(m_captions, &Captions::relabelled, this, &FrmCalcula::languageShown);
     buildWidgets();
     buildMenus();
 
     // The tape of the last session, kept as it grows; a file that cannot be read is left alone.
-    const std::filesystem::path tapePath = calc::tapeFilePath(m_ctx.dataFolder, m_ctx.tapeSuffix);
+    const std::filesystem::path tapePath = calc::tapeFilePath(m_app.dataFolder, m_ctx.tapeSuffix);
     const std::optional<std::string> saved = calc::loadTape(tapePath);
     m_calc.loadTape(saved.value_or(std::string()));
     txtFita->reset(m_calc.tape().text());
@@ -138,12 +117,15 @@ FrmCalcula::FrmCalcula(CalcWindowContext context, QWidget* parent)
     m_fanOut = std::make_unique<FanOutSink>(txtFita, fileOpen ? m_tapeFile.get() : nullptr);
     m_calc.setTapeSink(m_fanOut.get());
 
-    applySettings();
-    applyLanguage();
+    setWindowFlag(Qt::WindowStaysOnTopHint, m_settings.alwaysOnTop);
+    Arrange();
+    applyColours();
+    languageShown();
     restoreGeometry();
     refresh();
 
     connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this, &FrmCalcula::clipboardChanged);
+    m_keySounds.choose(m_settings.sound, m_settings.instrument);
     if (m_settings.sound == calc::KeySound::Musical) {
         // After the window is up: the synthesizer takes a moment to load its sounds.
         QTimer::singleShot(300, this, &FrmCalcula::openMidi);
@@ -152,27 +134,57 @@ FrmCalcula::FrmCalcula(CalcWindowContext context, QWidget* parent)
 
 FrmCalcula::~FrmCalcula() {
     m_calc.setTapeSink(nullptr);
-    if (m_midi) {
-        m_midi->close();
-    }
+}
+
+common::Language FrmCalcula::language() const {
+    return m_app.language->current();
 }
 
 bool FrmCalcula::tapeFileHealthy() const {
     return m_tapeFile && m_tapeFile->healthy();
 }
 
+void FrmCalcula::appendBlock(std::string_view block) {
+    m_calc.appendBlock(block);
+    refresh();
+}
+
 QString FrmCalcula::text(int code, const QString& arg1, const QString& arg2) const {
-    return QString::fromStdString(common::GetText(m_language, code, arg1.toStdString(), arg2.toStdString()));
+    return m_captions->text(code, arg1, arg2);
 }
 
 // ---- widgets ---------------------------------------------------------------------------------
 
 void FrmCalcula::buildWidgets() {
+    using Part = Captions::Part;
     auto* central = new QWidget(this);
     central->setObjectName(QStringLiteral("fraJanela"));
     auto* column = new QVBoxLayout(central);
     column->setContentsMargins(6, 6, 6, 6);
     column->setSpacing(4);
+
+    // A notice the user reads and dismisses when it suits them: it never takes the keyboard.
+    auto* fraAviso = new QFrame(central);
+    fraAviso->setObjectName(QStringLiteral("fraAviso"));
+    fraAviso->setFrameShape(QFrame::StyledPanel);
+    paintBackground(fraAviso, QColor(0xFF, 0xF4, 0xC0));
+    auto* noticeRow = new QHBoxLayout(fraAviso);
+    noticeRow->setContentsMargins(6, 2, 2, 2);
+    auto* notice = new QLabel(fraAviso);
+    notice->setObjectName(QStringLiteral("lblAviso"));
+    notice->setWordWrap(true);
+    notice->setTextInteractionFlags(Qt::NoTextInteraction);
+    m_captions->add(notice, txt::kMidiError);  // the one notice there is
+    noticeRow->addWidget(notice, 1);
+    auto* dismiss = new QToolButton(fraAviso);
+    dismiss->setObjectName(QStringLiteral("cmdFecharAviso"));
+    dismiss->setText(QStringLiteral("\u00D7"));
+    dismiss->setAutoRaise(true);
+    dismiss->setFocusPolicy(Qt::NoFocus);
+    connect(dismiss, &QToolButton::clicked, fraAviso, &QWidget::hide);
+    noticeRow->addWidget(dismiss, 0, Qt::AlignTop);
+    fraAviso->hide();
+    column->addWidget(fraAviso);
 
     auto* display = new QFrame(central);
     display->setObjectName(QStringLiteral("fraVisor"));
@@ -200,54 +212,69 @@ void FrmCalcula::buildWidgets() {
     auto* grid = new QGridLayout(fraTeclado);
     grid->setContentsMargins(0, 0, 0, 0);
     grid->setSpacing(3);
-    auto button = [&](const char* name, const QString& caption, int row, int col) {
+    struct Key {
+        const char* name;
+        QString caption;
+        int row, column;
+        std::function<void()> press;
+    };
+    const auto typing = [this](int key) { return [this, key] { Form_KeyPress(key); }; };
+    const Key keys[] = {
+        {"chkCE", QStringLiteral("CE"), 0, 0, [this] { clearEntryKey(); }},
+        {"chkBack", QStringLiteral("\u2190"), 0, 1, typing(calc::key::kBackspace)},
+        {"chkNeg", QStringLiteral("\u00B1"), 0, 2,
+         [this] {
+             m_calc.changeSign();
+             afterKey(0);
+         }},
+        {"chkDividir", QStringLiteral("\u00F7"), 0, 3, typing('/')},
+        {"chkVezes", QStringLiteral("\u00D7"), 1, 3, typing('*')},
+        {"chkMenos", QStringLiteral("\u2212"), 2, 3, typing('-')},
+        // With Enter adding, + sends Enter.
+        {"chkMais", QStringLiteral("+"), 3, 3,
+         [this] { Form_KeyPress(m_settings.enter == calc::EnterAction::Plus ? calc::key::kEnter : '+'); }},
+        {"chkVirgula", QString::fromStdString(m_app.regional.separators.decimal), 4, 1, typing(',')},
+        {"chkPercent", QStringLiteral("%"), 4, 2, typing('%')},
+        {"chkIgual", QStringLiteral("="), 4, 3, typing('=')},
+    };
+    const auto addKey = [&](const char* name, const QString& caption, int row, int col,
+                            const std::function<void()>& press) {
         auto* b = new QPushButton(caption, fraTeclado);
         b->setObjectName(QLatin1String(name));
         b->setFocusPolicy(Qt::NoFocus);
         b->setAutoDefault(false);
         b->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
         grid->addWidget(b, row, col);
+        connect(b, &QPushButton::clicked, this, press);
         return b;
     };
-    chkCE = button("chkCE", QStringLiteral("CE"), 0, 0);
-    chkBack = button("chkBack", QStringLiteral("\u2190"), 0, 1);
-    chkNeg = button("chkNeg", QStringLiteral("\u00B1"), 0, 2);
-    chkDividir = button("chkDividir", QStringLiteral("\u00F7"), 0, 3);
+    for (const Key& key : keys) {
+        addKey(key.name, key.caption, key.row, key.column, key.press);
+    }
     const int digitCells[10][2] = {{4, 0}, {3, 0}, {3, 1}, {3, 2}, {2, 0},
                                    {2, 1}, {2, 2}, {1, 0}, {1, 1}, {1, 2}};
     for (int d = 0; d < 10; ++d) {
         const QByteArray name = "chkNum" + QByteArray::number(d);
-        chkNum[d] = button(name.constData(), QString::number(d), digitCells[d][0], digitCells[d][1]);
-        connect(chkNum[d], &QPushButton::clicked, this, [this, d] { Form_KeyPress('0' + d); });
+        m_typedKeys[d] =
+            addKey(name.constData(), QString::number(d), digitCells[d][0], digitCells[d][1], typing('0' + d));
     }
-    chkVezes = button("chkVezes", QStringLiteral("\u00D7"), 1, 3);
-    chkMenos = button("chkMenos", QStringLiteral("\u2212"), 2, 3);
-    chkMais = button("chkMais", QStringLiteral("+"), 3, 3);
-    chkVirgula = button("chkVirgula", QString::fromStdString(m_ctx.regional.separators.decimal), 4, 1);
-    chkPercent = button("chkPercent", QStringLiteral("%"), 4, 2);
-    chkIgual = button("chkIgual", QStringLiteral("="), 4, 3);
-    column->addWidget(fraTeclado);
-
-    connect(chkVirgula, &QPushButton::clicked, this, [this] { Form_KeyPress(','); });
-    connect(chkNeg, &QPushButton::clicked, this, [this] {
-        m_calc.changeSign();
-        afterKey(0);
-    });
-    connect(chkBack, &QPushButton::clicked, this, [this] { Form_KeyPress(calc::key::kBackspace); });
-    connect(chkCE, &QPushButton::clicked, this, &FrmCalcula::clearEntryKey);
-    connect(chkMais, &QPushButton::clicked, this,
-            [this] { Form_KeyPress(m_settings.enter == calc::EnterAction::Plus ? calc::key::kEnter : '+'); });
-    connect(chkMenos, &QPushButton::clicked, this, [this] { Form_KeyPress('-'); });
-    connect(chkVezes, &QPushButton::clicked, this, [this] { Form_KeyPress('*'); });
-    connect(chkDividir, &QPushButton::clicked, this, [this] { Form_KeyPress('/'); });
-    connect(chkPercent, &QPushButton::clicked, this, [this] { Form_KeyPress('%'); });
-    connect(chkIgual, &QPushButton::clicked, this, [this] { Form_KeyPress('='); });
+    const auto key = [this](const char* name) {
+        return fraTeclado->findChild<QPushButton*>(QLatin1String(name));
+    };
+    m_typedKeys[10] = key("chkVirgula");
+    m_operatorKeys = {key("chkDividir"), key("chkVezes"), key("chkMenos"), key("chkMais")};
+    m_captions->add(key("chkNeg"), txt::kSignTooltip, Part::ToolTip);
+    m_captions->add(key("chkNeg"), txt::kSignTooltip, Part::AccessibleName);
+    m_captions->add(key("chkCE"), txt::kClearCaption, Part::AccessibleName);
+    m_captions->add(key("chkBack"), txt::kBackspaceName, Part::AccessibleName);
     // A right click on + or = offers the function of the Enter key.
-    for (QPushButton* b : {chkMais, chkIgual}) {
+    for (QPushButton* b : {key("chkMais"), key("chkIgual")}) {
         b->setContextMenuPolicy(Qt::CustomContextMenu);
-        connect(b, &QWidget::customContextMenuRequested, this,
-                [this, b](const QPoint& at) { mnu4->popup(b->mapToGlobal(at)); });
+        connect(b, &QWidget::customContextMenuRequested, this, [this, b](const QPoint& at) {
+            findChild<QMenu*>(QStringLiteral("mnu4"))->popup(b->mapToGlobal(at));
+        });
     }
+    column->addWidget(fraTeclado);
 
     txtFita = new TapeView(central);
     column->addWidget(txtFita, 1);
@@ -260,144 +287,174 @@ void FrmCalcula::buildWidgets() {
     });
     txtFita->installEventFilter(this);
 
+    const std::pair<QWidget*, int> accessibleNames[] = {{lblVisor0, txt::kDisplayName},
+                                                        {lblTotal, txt::kTotalName},
+                                                        {lblVisor1, txt::kCounterName},
+                                                        {fraTeclado, txt::kKeypadName},
+                                                        {txtFita, txt::kMnuFita}};
+    for (const auto& [widget, code] : accessibleNames) {
+        m_captions->add(widget, code, Part::AccessibleName);
+    }
     setCentralWidget(central);
 }
 
-QAction* FrmCalcula::addAction(QMenu* menu, const char* name, int textCode, void (FrmCalcula::*slot)()) {
+// ---- menus ------------------------------------------------------------------------------------
+
+std::span<const FrmCalcula::OnOffOption> FrmCalcula::onOffOptions() {
+    using S = calc::CalcSettings;
+    static const OnOffOption options[] = {
+        {"mnuBackup", txt::kMnuBackup, &S::backup, keys::kBackup, &FrmCalcula::applyEngineOptions},
+        {"mnuOcultar", txt::kMnuOcultar, &S::keypadHidden, {}, &FrmCalcula::Arrange},
+        {"mnuFicar", txt::kMnuFicar, &S::stayInTray, keys::kFicarSystray, nullptr},
+        {"mnuMonit", txt::kMnuMonit, &S::monitor, keys::kMonitor, nullptr},
+        {"mnuVisivel", txt::kMnuVisivel, &S::alwaysOnTop, {}, &FrmCalcula::applyOnTop},
+        {"mnuGrande", txt::kMnuGrande, &S::largeLetters, keys::kLetrona, &FrmCalcula::Arrange},
+        {"mnuNumLock", txt::kMnuNumLock, &S::numLock, keys::kNumLock, &FrmCalcula::numLockOptionChanged},
+        {"mnuXP", txt::kMnuXP, &S::menuXP, keys::kMenuXP, &FrmCalcula::tellRestartNeeded},
+    };
+    return options;
+}
+
+QAction* FrmCalcula::makeAction(QMenu* menu, const char* name, int textCode) {
     auto* action = menu->addAction(QString());
     action->setObjectName(QLatin1String(name));
-    m_captions[action] = textCode;
-    if (slot != nullptr) {
-        connect(action, &QAction::triggered, this, slot);
+    m_captions->add(action, textCode);
+    return action;
+}
+
+QAction* FrmCalcula::addAction(QMenu* menu, const char* name, int textCode, std::function<void()> slot) {
+    QAction* action = makeAction(menu, name, textCode);
+    if (slot) {
+        connect(action, &QAction::triggered, this, std::move(slot));
+    } else {
+        action->setEnabled(false);  // its window is not there yet
     }
     return action;
 }
 
-QAction* FrmCalcula::addOption(QMenu* menu, const char* name, int textCode, void (FrmCalcula::*slot)()) {
-    QAction* action = addAction(menu, name, textCode, slot);
+QAction* FrmCalcula::addOnOff(QMenu* menu, const char* name) {
+    const auto options = onOffOptions();
+    const auto option = std::find_if(options.begin(), options.end(),
+                                     [&](const OnOffOption& o) { return std::string_view(o.name) == name; });
+    QAction* action = makeAction(menu, name, option->textCode);
     action->setCheckable(true);
+    action->setChecked(m_settings.*option->setting);
+    connect(action, &QAction::triggered, this, [this, option](bool on) {
+        m_settings.*option->setting = on;
+        if (!option->key.empty()) {
+            saveOption(option->key, common::boolText(on));
+        }
+        if (option->follow != nullptr) {
+            (this->*option->follow)();
+        }
+    });
     return action;
+}
+
+QActionGroup* FrmCalcula::addChoices(QMenu* menu, std::initializer_list<const char*> names, int firstCode,
+                                     std::function<void(int index)> chosen) {
+    auto* group = new QActionGroup(this);
+    int index = 0;
+    for (const char* name : names) {
+        QAction* action = makeAction(menu, name, firstCode + index);
+        action->setCheckable(true);
+        connect(action, &QAction::triggered, this, [chosen, index] { chosen(index); });
+        group->addAction(action);
+        ++index;
+    }
+    return group;
+}
+
+QMenu* FrmCalcula::addSubmenu(QWidget* parent, const char* name, int textCode) {
+    auto* menu = new QMenu(parent);
+    menu->setObjectName(QLatin1String(name));
+    m_captions->add(menu, textCode);
+    if (auto* bar = qobject_cast<QMenuBar*>(parent)) {
+        bar->addMenu(menu);
+    } else if (auto* owner = qobject_cast<QMenu*>(parent)) {
+        owner->addMenu(menu);
+    }
+    return menu;
 }
 
 void FrmCalcula::buildMenus() {
-    auto submenu = [this](QWidget* parent, const char* name, int code) {
-        auto* m = new QMenu(parent);
-        m->setObjectName(QLatin1String(name));
-        m_captions[m] = code;
-        if (auto* bar = qobject_cast<QMenuBar*>(parent)) {
-            bar->addMenu(m);
-        } else if (auto* owner = qobject_cast<QMenu*>(parent)) {
-            owner->addMenu(m);
-        }
-        return m;
-    };
     QMenuBar* bar = menuBar();
 
-    QMenu* opcoes = submenu(bar, "mnuOpcoes", 88);
-    addAction(opcoes, "mnuOutra", 89, &FrmCalcula::mnuOutra_Click);
-    addAction(opcoes, "mnuWindows", 90, &FrmCalcula::mnuWindows_Click);
+    QMenu* opcoes = addSubmenu(bar, "mnuOpcoes", txt::kMnuOpcoes);
+    addAction(opcoes, "mnuOutra", txt::kMnuOutra, [this] { mnuOutra_Click(); });
+    addAction(opcoes, "mnuWindows", txt::kMnuWindows, [this] { mnuWindows_Click(); });
     opcoes->addSeparator();
-    addAction(opcoes, "mnuData", 91, nullptr)->setEnabled(false);
-    mnuTempo = addOption(opcoes, "mnuTempo", 92, &FrmCalcula::mnuTempo_Click);
-    addAction(opcoes, "mnuJuro", 93, nullptr)->setEnabled(false);
-    addAction(opcoes, "mnuRegra", 177, nullptr)->setEnabled(false);
+    addAction(opcoes, "mnuData", txt::kMnuData, nullptr);
+    mnuTempo = addAction(opcoes, "mnuTempo", txt::kMnuTempo, [this] {
+        applyEngineOptions();
+        refresh();
+    });
+    mnuTempo->setCheckable(true);
+    mnuTempo->setChecked(m_ctx.timeMode);
+    addAction(opcoes, "mnuJuro", txt::kMnuJuro, nullptr);
+    addAction(opcoes, "mnuRegra", txt::kMnuRegra, nullptr);
     opcoes->addSeparator();
-    addAction(opcoes, "mnuCopiar", 94, &FrmCalcula::mnuCopiar_Click)->setShortcut(QKeySequence::Copy);
-    mnuUndo = addAction(opcoes, "mnuUndo", 217, &FrmCalcula::mnuUndo_Click);
+    addAction(opcoes, "mnuCopiar", txt::kMnuCopiar, [this] {
+        mnuCopiar_Click();
+    })->setShortcut(QKeySequence::Copy);
+    mnuUndo = addAction(opcoes, "mnuUndo", txt::kMnuUndo, [this] {
+        m_calc.undo();
+        refresh();
+    });
     mnuUndo->setShortcut(QKeySequence::Undo);
-    mnuRedo = addAction(opcoes, "mnuRedo", 219, &FrmCalcula::mnuRedo_Click);
+    mnuRedo = addAction(opcoes, "mnuRedo", txt::kMnuRedo, [this] {
+        m_calc.redo();
+        refresh();
+    });
     mnuRedo->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Y));
     opcoes->addSeparator();
-    addAction(opcoes, "mnuExtenso", common::txt::kMnuExtenso, &FrmCalcula::mnuExtenso_Click);
+    addAction(opcoes, "mnuExtenso", txt::kMnuExtenso, [this] { mnuExtenso_Click(); });
     // The document fillers and the converter arrive with their own windows.
-    addAction(opcoes, "mnuCheque", common::txt::kMnuCheque, nullptr)->setEnabled(false);
-    addAction(opcoes, "mnuPromissoria", common::txt::kMnuPromissoria, nullptr)->setEnabled(false);
-    addAction(opcoes, "mnuConverte", common::txt::kMnuConverte, nullptr)->setEnabled(false);
+    addAction(opcoes, "mnuCheque", txt::kMnuCheque, nullptr);
+    addAction(opcoes, "mnuPromissoria", txt::kMnuPromissoria, nullptr);
+    addAction(opcoes, "mnuConverte", txt::kMnuConverte, nullptr);
     // The utilities belong to the tray program; a copy without one has none to offer.
-    QAction* util = addAction(opcoes, "mnuUtil", common::txt::kMnuUtil, nullptr);
+    QAction* util = addAction(opcoes, "mnuUtil", txt::kMnuUtil, nullptr);
     if (m_ctx.utilities != nullptr) {
         util->setMenu(m_ctx.utilities);
-    } else {
-        util->setEnabled(false);
+        util->setEnabled(true);
     }
 
-    QMenu* fita = submenu(bar, "mnuFita", 96);
-    mnuEditar = addOption(fita, "mnuEditar", 97, &FrmCalcula::mnuEditar_Click);
-    addAction(fita, "mnuLocalizar", 98, &FrmCalcula::mnuLocalizar_Click)->setShortcut(QKeySequence::Find);
-    addAction(fita, "mnuAgrupar", 174, nullptr)->setEnabled(false);
+    QMenu* fita = addSubmenu(bar, "mnuFita", txt::kMnuFita);
+    mnuEditar = addAction(fita, "mnuEditar", txt::kMnuEditar, [this] { mnuEditar_Click(); });
+    mnuEditar->setCheckable(true);
+    addAction(fita, "mnuLocalizar", txt::kMnuLocalizar, [this] {
+        mnuLocalizar_Click();
+    })->setShortcut(QKeySequence::Find);
+    addAction(fita, "mnuAgrupar", txt::kMnuAgrupar, nullptr);
     fita->addSeparator();
-    addAction(fita, "mnuLimpar", 99, &FrmCalcula::mnuLimpar_Click);
-    mnuBackup = addOption(fita, "mnuBackup", 170, &FrmCalcula::mnuBackup_Click);
-    addAction(fita, "mnuMostraBack", 169, &FrmCalcula::mnuMostraBack_Click);
+    addAction(fita, "mnuLimpar", txt::kMnuLimpar, [this] {
+        showClearReport(m_calc.clearTape());
+        refresh();
+    });
+    addOnOff(fita, "mnuBackup");
+    addAction(fita, "mnuMostraBack", txt::kMnuMostraBack, [this] { mnuMostraBack_Click(); });
     fita->addSeparator();
     for (int i = 0; i < 3; ++i) {
         const QByteArray name = "mnuImprimir" + QByteArray::number(i);
-        QAction* print = addAction(fita, name.constData(), 100 + i, nullptr);
-        connect(print, &QAction::triggered, this, [this, i] { mnuImprimir_Click(i); });
+        addAction(fita, name.constData(), txt::kMnuImprimir + i, [this, i] { mnuImprimir_Click(i); });
     }
-    addAction(fita, "mnuMatricial", 175, &FrmCalcula::mnuMatricial_Click);
+    addAction(fita, "mnuMatricial", txt::kMnuMatricial, [this] { mnuMatricial_Click(); });
     fita->addSeparator();
-    addAction(fita, "mnuSalvar", common::txt::kMnuSalvar, &FrmCalcula::mnuSalvar_Click);
+    addAction(fita, "mnuSalvar", txt::kMnuSalvar, [this] { mnuSalvar_Click(); });
 
-    QMenu* form = submenu(bar, "mnuForm", 103);
-    mnuOcultar = addOption(form, "mnuOcultar", 104, &FrmCalcula::mnuOcultar_Click);
-    mnuFicar = addOption(form, "mnuFicar", 105, &FrmCalcula::mnuFicar_Click);
-    mnuMonit = addOption(form, "mnuMonit", 106, &FrmCalcula::mnuMonit_Click);
-    mnuVisivel = addOption(form, "mnuVisivel", 107, &FrmCalcula::mnuVisivel_Click);
-    mnuGrande = addOption(form, "mnuGrande", 214, &FrmCalcula::mnuGrande_Click);
-    mnuNumLock = addOption(form, "mnuNumLock", 216, &FrmCalcula::mnuNumLock_Click);
+    QMenu* form = addSubmenu(bar, "mnuForm", txt::kMnuForm);
+    for (const char* option :
+         {"mnuOcultar", "mnuFicar", "mnuMonit", "mnuVisivel", "mnuGrande", "mnuNumLock"}) {
+        addOnOff(form, option);
+    }
     form->addSeparator();
-    QMenu* numeral = submenu(form, "mnuNumeral", 108);
-    auto* numerals = new QActionGroup(this);
-    for (int i = 0; i < 3; ++i) {
-        const QByteArray name = "mnuNumeral" + QByteArray::number(i);
-        mnuNumeral[i] = addOption(numeral, name.constData(), 109 + i, nullptr);
-        numerals->addAction(mnuNumeral[i]);
-        connect(mnuNumeral[i], &QAction::triggered, this, [this, i] { mnuNumeral_Click(i); });
-    }
-    QMenu* esquema = submenu(form, "mnuEsquema", 112);
-    auto* schemes = new QActionGroup(this);
-    for (int i = 0; i < 4; ++i) {
-        const QByteArray name = "mnuCor" + QByteArray::number(i + 1);
-        mnuCor[i] = addOption(esquema, name.constData(), 113 + i, nullptr);
-        schemes->addAction(mnuCor[i]);
-        connect(mnuCor[i], &QAction::triggered, this, [this, i] { mnuCor_Click(i + 1); });
-    }
-    QMenu* sons = submenu(form, "mnuSomEscolher", 117);
-    auto* sounds = new QActionGroup(this);
-    mnuSemSom = addOption(sons, "mnuSemSom", 118, nullptr);
-    mnuBeep = addOption(sons, "mnuBeep", common::txt::kBeep, nullptr);
-    mnuSom = addOption(sons, "mnuSom", 120, nullptr);
-    for (QAction* a : {mnuSemSom, mnuBeep, mnuSom}) {
-        sounds->addAction(a);
-    }
-    connect(mnuSemSom, &QAction::triggered, this, [this] { mnuSom_Click(calc::KeySound::None); });
-    connect(mnuBeep, &QAction::triggered, this, [this] { mnuSom_Click(calc::KeySound::Beep); });
-    connect(mnuSom, &QAction::triggered, this, [this] { mnuSom_Click(calc::KeySound::Musical); });
-    QMenu* idioma = submenu(form, "mnuIdioma", 121);
-    auto* languages = new QActionGroup(this);
-    mnuPortuguese = addOption(idioma, "mnuPortuguese", common::txt::kMnuPortuguese, nullptr);
-    mnuEnglish = addOption(idioma, "mnuEnglish", common::txt::kMnuEnglish, nullptr);
-    mnuSpanish = addOption(idioma, "mnuSpanish", common::txt::kMnuSpanish, nullptr);
-    int language = 1;
-    for (QAction* a : {mnuPortuguese, mnuEnglish, mnuSpanish}) {
-        languages->addAction(a);
-        connect(a, &QAction::triggered, this, [this, language] { mnuIdioma_Click(language); });
-        ++language;
-    }
-    mnuXP = addOption(form, "mnuXP", common::txt::kMnuXP, &FrmCalcula::mnuXP_Click);
-    mnu4 = submenu(form, "mnu4", 122);
-    auto* enterGroup = new QActionGroup(this);
-    mnuEnter = addOption(mnu4, "mnuEnter", 123, nullptr);
-    mnuIgual = addOption(mnu4, "mnuIgual", 124, nullptr);
-    enterGroup->addAction(mnuEnter);
-    enterGroup->addAction(mnuIgual);
-    connect(mnuEnter, &QAction::triggered, this, [this] { mnuEnter_Click(calc::EnterAction::Plus); });
-    connect(mnuIgual, &QAction::triggered, this, [this] { mnuEnter_Click(calc::EnterAction::Equals); });
+    addChoiceMenus(form);
+    showChoices();
 
-    QMenu* ajuda = submenu(bar, "mnuAjuda", 125);
-    addAction(ajuda, "mnuCalc", 126, &FrmCalcula::mnuCalc_Click);
-    addAction(ajuda, "mnuEmail", 128, &FrmCalcula::mnuEmail_Click);
+    QMenu* ajuda = addSubmenu(bar, "mnuAjuda", txt::kMnuAjuda);
+    addAction(ajuda, "mnuCalc", txt::kMnuCalc, [this] { mnuCalc_Click(); });
+    addAction(ajuda, "mnuEmail", txt::kMnuEmail, [this] { mnuEmail_Click(); });
 
     if (m_settings.menuXP) {
         for (QMenu* menu : findChildren<QMenu*>()) {
@@ -431,56 +488,84 @@ void FrmCalcula::buildMenus() {
     }
 }
 
+void FrmCalcula::addChoiceMenus(QMenu* form) {
+    m_choices[kFormat] = addChoices(addSubmenu(form, "mnuNumeral", txt::kMnuNumeralMenu),
+                                    {"mnuNumeral0", "mnuNumeral1", "mnuNumeral2"}, txt::kMnuNumeral,
+                                    [this](int index) { mnuNumeral_Click(index); });
+    m_choices[kScheme] = addChoices(addSubmenu(form, "mnuEsquema", txt::kMnuEsquema),
+                                    {"mnuCor1", "mnuCor2", "mnuCor3", "mnuCor4"}, txt::kMnuCor,
+                                    [this](int index) { mnuCor_Click(index + 1); });
+    m_choices[kSound] = addChoices(addSubmenu(form, "mnuSomEscolher", txt::kMnuSomEscolher),
+                                   {"mnuSemSom", "mnuBeep", "mnuSom"}, txt::kMnuSemSom, [this](int index) {
+                                       const auto sound = static_cast<calc::KeySound>(index + 1);
+                                       chooseSound(sound, sound == calc::KeySound::Musical);
+                                   });
+    m_choices[kLanguage] = addChoices(addSubmenu(form, "mnuIdioma", txt::kMnuIdioma),
+                                      {"mnuPortuguese", "mnuEnglish", "mnuSpanish"}, txt::kMnuPortuguese,
+                                      [this](int index) { mnuIdioma_Click(index + 1); });
+    addOnOff(form, "mnuXP");
+    m_choices[kEnterKey] = addChoices(
+        addSubmenu(form, "mnu4", txt::kMnu4), {"mnuEnter", "mnuIgual"}, txt::kMnuEnter, [this](int index) {
+            mnuEnter_Click(index == 0 ? calc::EnterAction::Plus : calc::EnterAction::Equals);
+        });
+}
+
 // ---- options and looks -----------------------------------------------------------------------
 
-void FrmCalcula::applySettings() {
-    mnuTempo->setChecked(m_ctx.timeMode);
-    mnuBackup->setChecked(m_settings.backup);
-    mnuOcultar->setChecked(m_settings.keypadHidden);
-    mnuFicar->setChecked(m_settings.stayInTray);
-    mnuMonit->setChecked(m_settings.monitor);
-    mnuVisivel->setChecked(m_settings.alwaysOnTop);
-    mnuGrande->setChecked(m_settings.largeLetters);
-    mnuNumLock->setChecked(m_settings.numLock);
-    mnuXP->setChecked(m_settings.menuXP);
-    mnuNumeral[static_cast<int>(m_settings.format)]->setChecked(true);
-    if (m_settings.colourScheme >= 1) {
-        mnuCor[m_settings.colourScheme - 1]->setChecked(true);
-    }
-    mnuSemSom->setChecked(m_settings.sound == calc::KeySound::None);
-    mnuBeep->setChecked(m_settings.sound == calc::KeySound::Beep);
-    mnuSom->setChecked(m_settings.sound == calc::KeySound::Musical);
-    mnuEnter->setChecked(m_settings.enter == calc::EnterAction::Plus);
-    mnuIgual->setChecked(m_settings.enter == calc::EnterAction::Equals);
+void FrmCalcula::showChoices() {
+    // A scheme of 0 (none chosen yet) has no menu item.
+    const auto check = [](QActionGroup* group, int index) {
+        if (index >= 0 && index < group->actions().size()) {
+            group->actions().at(index)->setChecked(true);
+        }
+    };
+    check(m_choices[kFormat], static_cast<int>(m_settings.format));
+    check(m_choices[kScheme], m_settings.colourScheme - 1);
+    check(m_choices[kSound], static_cast<int>(m_settings.sound) - 1);
+    check(m_choices[kLanguage], static_cast<int>(language()) - 1);
+    check(m_choices[kEnterKey], m_settings.enter == calc::EnterAction::Plus ? 0 : 1);
+}
+
+void FrmCalcula::applyEngineOptions() {
+    m_calc.setOptions(calc::engineOptions(m_settings, mnuTempo->isChecked()));
+}
+
+void FrmCalcula::applyOnTop() {
+    const bool shown = isVisible();
     setWindowFlag(Qt::WindowStaysOnTopHint, m_settings.alwaysOnTop);
-    Arrange();
-    applyColours();
+    if (shown) {
+        show();
+    }
+}
+
+void FrmCalcula::numLockOptionChanged() {
+    applyEngineOptions();
+    keepNumLockOn();
+}
+
+void FrmCalcula::tellRestartNeeded() {
+    m_app.dialogs->message(this, Dialogs::Icon::Information, text(txt::kRestartNeeded));
 }
 
 void FrmCalcula::Arrange() {
     // One routine lays the window out: at load, after a resize of the letters, keypad shown or not.
     const bool large = m_settings.largeLetters;
-    QFont displayFont = QFontDatabase::systemFont(QFontDatabase::FixedFont);
-    displayFont.setPointSizeF(large ? 26 : 18);
-    displayFont.setBold(true);
-    lblVisor0->setFont(displayFont);
-    QFont small = font();
-    small.setPointSizeF(large ? 12 : 9);
-    lblVisor1->setFont(small);
-    QFont totalFont = QFontDatabase::systemFont(QFontDatabase::FixedFont);
-    totalFont.setPointSizeF(large ? 16 : 12);
-    totalFont.setBold(true);
-    lblTotal->setFont(totalFont);
-    QFont keyFont = font();
-    keyFont.setPointSizeF(large ? 16 : 11);
-    keyFont.setBold(true);
+    const QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    const auto sized = [large](QFont font, double normalSize, double largeSize, bool bold) {
+        font.setPointSizeF(large ? largeSize : normalSize);
+        font.setBold(bold);
+        return font;
+    };
+    lblVisor0->setFont(sized(fixed, 18, 26, true));
+    lblVisor1->setFont(sized(font(), 9, 12, false));
+    lblTotal->setFont(sized(fixed, 12, 16, true));
+    const QFont keyFont = sized(font(), 11, 16, true);
     const int keyHeight = QFontMetrics(keyFont).height() * 2;
     for (QPushButton* b : fraTeclado->findChildren<QPushButton*>()) {
         b->setFont(keyFont);
         b->setMinimumHeight(keyHeight);
     }
-    QFont tapeFont = QFontDatabase::systemFont(QFontDatabase::FixedFont);
-    tapeFont.setPointSizeF(large ? 13 : 10);
+    const QFont tapeFont = sized(fixed, 10, 13, false);
     txtFita->setFont(tapeFont);
     // The tape is 26 columns wide; the window is never narrower than that.
     const int tapeWidth = QFontMetrics(tapeFont).horizontalAdvance(QString(28, QLatin1Char('0'))) +
@@ -496,81 +581,25 @@ void FrmCalcula::fitWidth() {
 }
 
 void FrmCalcula::applyColours() {
-    const Scheme& scheme = kSchemes[std::clamp(m_settings.colourScheme, 0, 4)];
-    const QColor face = QApplication::palette().color(QPalette::Window);
-    paintBackground(centralWidget(), QPalette::Window, fromBgr(scheme.window, face));
-    if (scheme.keypad != kUnchanged) {
-        paintBackground(fraTeclado, QPalette::Window, fromBgr(scheme.keypad, face));
-    }
-    QPalette tape = txtFita->palette();
-    tape.setColor(QPalette::Base, fromBgr(scheme.tape, face));
-    tape.setColor(QPalette::Text, fromBgr(scheme.tapeText, face));
-    txtFita->setPalette(tape);
-    paintBackground(findChild<QFrame*>(QStringLiteral("fraVisor")), QPalette::Window,
-                    fromBgr(scheme.display, face));
-    const QString operatorStyle = scheme.operators == kButtonFace
-                                      ? QString()
-                                      : QStringLiteral("QPushButton { background-color: %1; }")
-                                            .arg(fromBgr(scheme.operators, face).name());
-    for (QPushButton* b : {chkDividir, chkVezes, chkMenos, chkMais}) {
-        b->setStyleSheet(operatorStyle);
-    }
+    applyColourScheme(m_settings.colourScheme,
+                      SchemeTargets{centralWidget(), fraTeclado, txtFita,
+                                    findChild<QFrame*>(QStringLiteral("fraVisor")), m_operatorKeys});
 }
 
-void FrmCalcula::applyLanguage() {
-    for (const auto& [object, code] : m_captions) {
-        if (auto* action = qobject_cast<QAction*>(object)) {
-            action->setText(text(code));
-        } else if (auto* menu = qobject_cast<QMenu*>(object)) {
-            menu->setTitle(text(code));
-        }
-    }
-    mnuPortuguese->setChecked(m_language == common::Language::Portuguese);
-    mnuEnglish->setChecked(m_language == common::Language::English);
-    mnuSpanish->setChecked(m_language == common::Language::Spanish);
-    chkNeg->setToolTip(text(common::txt::kSignTooltip));
-    chkNeg->setAccessibleName(text(common::txt::kSignTooltip).trimmed());
-    lblVisor0->setAccessibleName(text(common::txt::kDisplayName));
-    lblTotal->setAccessibleName(text(common::txt::kTotalName));
-    lblVisor1->setAccessibleName(text(common::txt::kCounterName));
-    fraTeclado->setAccessibleName(text(common::txt::kKeypadName));
-    txtFita->setAccessibleName(plainCaption(text(96)));
-    chkCE->setAccessibleName(plainCaption(text(161)).trimmed());
-    chkBack->setAccessibleName(text(common::txt::kBackspaceName));
-    setWindowTitle(m_ctx.auxiliary ? QStringLiteral(" Zavrello [Aux]") : QStringLiteral(" Zavrello"));
+void FrmCalcula::languageShown() {
+    showChoices();
     fitWidth();
 }
 
 void FrmCalcula::restoreGeometry() {
     const QSize design = sizeHint().expandedTo(QSize(minimumWidth(), 560));
-    QRect wanted(m_settings.left.value_or(0), m_settings.top, design.width(),
-                 m_settings.height.value_or(design.height()));
-    const QScreen* home = nullptr;
-    for (const QScreen* screen : QGuiApplication::screens()) {
-        if (screen->availableGeometry().intersects(wanted)) {
-            home = screen;
-            break;
-        }
-    }
-    if (home == nullptr) {
-        home = QGuiApplication::primaryScreen();
-        if (home != nullptr) {
-            wanted.moveCenter(home->availableGeometry().center());
-        }
-    }
-    if (home != nullptr) {
-        // Keep the whole window on the screen it is found on.
-        const QRect area = home->availableGeometry();
-        wanted.setHeight(std::min(wanted.height(), area.height()));
-        wanted.moveLeft(
-            std::clamp(wanted.left(), area.left(), std::max(area.left(), area.right() - wanted.width())));
-        wanted.moveTop(
-            std::clamp(wanted.top(), area.top(), std::max(area.top(), area.bottom() - wanted.height())));
-    }
+    const QRect wanted(m_settings.left.value_or(0), m_settings.top, design.width(),
+                       m_settings.height.value_or(design.height()));
+    const QRect placed = keepOnScreen(wanted, screenAreas());
     if (m_settings.left.has_value() || m_settings.height.has_value()) {
-        move(wanted.topLeft());
+        move(placed.topLeft());
     }
-    resize(wanted.size());
+    resize(placed.size());
 }
 
 void FrmCalcula::refresh() {
@@ -588,7 +617,7 @@ void FrmCalcula::refresh() {
 }
 
 void FrmCalcula::saveOption(std::string_view key, std::string_view value) {
-    common::SaveSetting(*m_ctx.store, keys::kConfigura, key, value);
+    common::SaveSetting(*m_app.store, keys::kConfigura, key, value);
 }
 
 // ---- keys ------------------------------------------------------------------------------------
@@ -598,9 +627,9 @@ void FrmCalcula::Form_KeyPress(int key) {
     const int accepted = m_calc.Form_KeyPress(key);
     QPushButton* pressed = nullptr;
     if (accepted >= '0' && accepted <= '9') {
-        pressed = chkNum[accepted - '0'];
+        pressed = m_typedKeys[accepted - '0'];
     } else if (accepted == ',' || accepted == '.') {
-        pressed = chkVirgula;
+        pressed = m_typedKeys[10];
     }
     if (pressed != nullptr && !pressed->isDown()) {
         pressed->setDown(true);
@@ -610,20 +639,7 @@ void FrmCalcula::Form_KeyPress(int key) {
 }
 
 void FrmCalcula::afterKey(int acceptedKey) {
-    if (acceptedKey != 0) {
-        switch (m_settings.sound) {
-            case calc::KeySound::Beep:
-                QApplication::beep();
-                break;
-            case calc::KeySound::Musical:
-                if (m_midi && m_midi->isOpen()) {
-                    m_midi->note(acceptedKey + 36);
-                }
-                break;
-            case calc::KeySound::None:
-                break;
-        }
-    }
+    m_keySounds.strike(acceptedKey);
     refresh();
     if (!txtFita->editing()) {
         setFocus();
@@ -649,8 +665,7 @@ void FrmCalcula::deleteKey() {
         m_deleteArmed = false;
         showClearReport(m_calc.clearTape());
     } else {
-        const std::optional<double> shown = m_calc.displayValue();
-        if (!m_calc.entry().empty() || (shown && *shown != 0)) {
+        if (m_calc.hasEntryToClear()) {
             m_calc.clearEntry();
         }
         m_deleteArmed = true;
@@ -660,6 +675,15 @@ void FrmCalcula::deleteKey() {
 
 void FrmCalcula::keyPressEvent(QKeyEvent* event) {
     const bool ctrl = event->modifiers().testFlag(Qt::ControlModifier);
+    // The arrows scroll the tape a line, the page keys ten.
+    const std::pair<int, int> scrolls[] = {
+        {Qt::Key_Up, -1}, {Qt::Key_Down, 1}, {Qt::Key_PageUp, -10}, {Qt::Key_PageDown, 10}};
+    for (const auto& [scrollKey, lines] : scrolls) {
+        if (event->key() == scrollKey) {
+            txtFita->scrollLines(lines);
+            return;
+        }
+    }
     switch (event->key()) {
         case Qt::Key_Escape:
             close();
@@ -669,18 +693,6 @@ void FrmCalcula::keyPressEvent(QKeyEvent* event) {
             return;
         case Qt::Key_Delete:
             deleteKey();
-            return;
-        case Qt::Key_Up:
-            txtFita->scrollLines(-1);
-            return;
-        case Qt::Key_Down:
-            txtFita->scrollLines(1);
-            return;
-        case Qt::Key_PageUp:
-            txtFita->scrollLines(-10);
-            return;
-        case Qt::Key_PageDown:
-            txtFita->scrollLines(10);
             return;
         case Qt::Key_Backspace:
             Form_KeyPress(calc::key::kBackspace);
@@ -745,7 +757,7 @@ void FrmCalcula::closeEvent(QCloseEvent* event) {
     m_settings.height = height();
     m_settings.top = y();
     m_settings.left = x();
-    calc::saveOnClose(*m_ctx.store, m_settings);
+    calc::saveOnClose(*m_app.store, m_settings);
     if (!m_ctx.auxiliary && m_ctx.setStartWithSystem) {
         m_ctx.setStartWithSystem(m_settings.stayInTray);
     }
@@ -757,16 +769,16 @@ void FrmCalcula::closeEvent(QCloseEvent* event) {
 
 void FrmCalcula::showClearReport(const calc::ClearReport& report) {
     if (report.backupFailed) {
-        m_ctx.dialogs->message(this, Dialogs::Icon::Critical, text(common::txt::kBackupWriteFailed));
+        m_app.dialogs->message(this, Dialogs::Icon::Critical, text(txt::kBackupWriteFailed));
     } else if (report.backupTooLarge) {
-        m_ctx.dialogs->message(this, Dialogs::Icon::Warning, text(common::txt::kBackupTooLarge));
+        m_app.dialogs->message(this, Dialogs::Icon::Warning, text(txt::kBackupTooLarge));
         mnuMostraBack_Click();
     }
 }
 
 void FrmCalcula::typeAmount(double value) {
     const std::string field = common::formatNumber(
-        value, m_calc.options().timeMode ? common::pattern::kTime : "0.######", m_ctx.regional.separators);
+        value, m_calc.options().timeMode ? common::pattern::kTime : "0.######", m_app.regional.separators);
     if (m_calc.enterAmount(field)) {
         Form_KeyPress('+');
     }
@@ -796,14 +808,7 @@ void FrmCalcula::mnuWindows_Click() {
             return;
         }
     }
-    m_ctx.dialogs->message(this, Dialogs::Icon::Information, text(19));
-}
-
-void FrmCalcula::mnuTempo_Click() {
-    calc::CalculatorOptions options = m_calc.options();
-    options.timeMode = mnuTempo->isChecked();
-    m_calc.setOptions(options);
-    refresh();
+    m_app.dialogs->message(this, Dialogs::Icon::Information, text(txt::kSystemCalculatorMissing));
 }
 
 void FrmCalcula::mnuCopiar_Click() {
@@ -811,42 +816,29 @@ void FrmCalcula::mnuCopiar_Click() {
     QGuiApplication::clipboard()->setText(m_ownClipboardText);
 }
 
-void FrmCalcula::mnuUndo_Click() {
-    m_calc.undo();
-    refresh();
-}
-
-void FrmCalcula::mnuRedo_Click() {
-    m_calc.redo();
-    refresh();
-}
-
 void FrmCalcula::mnuExtenso_Click() {
-    // What the display shows, or when it shows nothing the running total.
-    const std::optional<double> shown = m_calc.displayValue();
-    const double value = shown && *shown != 0 ? *shown : m_calc.total();
+    const double value = m_calc.wordsAmount();
     const std::optional<std::string> words = words::ConverterExtenso(value, true);
     if (!words) {
-        m_ctx.dialogs->message(this, Dialogs::Icon::Warning, text(common::txt::kWordsInvalid));
+        m_app.dialogs->message(this, Dialogs::Icon::Warning, text(txt::kWordsInvalid));
         return;
     }
     m_ownClipboardText = QStringLiteral("(%1)").arg(QString::fromStdString(*words));
     QClipboard* clipboard = QGuiApplication::clipboard();
     clipboard->clear();
     clipboard->setText(m_ownClipboardText);
-    const QString money = QString::fromStdString(common::FormatMoney(value, m_ctx.regional.separators));
-    m_ctx.dialogs->message(this, Dialogs::Icon::Information,
-                           QStringLiteral("$ %1\n%2\n%3\n%4")
-                               .arg(money, QString::fromStdString(*words),
-                                    text(common::txt::kWordsOnClipboard), text(common::txt::kPasteHint)));
+    const QString money = QString::fromStdString(common::FormatMoney(value, m_app.regional.separators));
+    m_app.dialogs->message(
+        this, Dialogs::Icon::Information,
+        QStringLiteral("$ %1\n%2\n%3\n%4")
+            .arg(money, QString::fromStdString(*words), text(txt::kWordsOnClipboard), text(txt::kPasteHint)));
 }
 
 void FrmCalcula::mnuEditar_Click() {
     if (mnuEditar->isChecked()) {
         if (m_calc.calculationInProgress()) {
             mnuEditar->setChecked(false);
-            m_ctx.dialogs->message(this, Dialogs::Icon::Information,
-                                   text(common::txt::kEditWhileCalculating));
+            m_app.dialogs->message(this, Dialogs::Icon::Information, text(txt::kEditWhileCalculating));
             return;
         }
         txtFita->setEditing(true);
@@ -861,40 +853,27 @@ void FrmCalcula::mnuEditar_Click() {
 
 void FrmCalcula::mnuLocalizar_Click() {
     const std::optional<QString> answer =
-        m_ctx.dialogs->ask(this, text(common::txt::kFindTitle), text(common::txt::kFindPrompt), QString());
+        m_app.dialogs->ask(this, text(txt::kFindTitle), text(txt::kFindPrompt), QString());
     if (!answer || answer->trimmed().isEmpty()) {
         return;
     }
     const std::string needle = answer->trimmed().toStdString();
     const std::optional<std::size_t> at = m_calc.tape().find(needle);
     if (!at) {
-        m_ctx.dialogs->message(this, Dialogs::Icon::Information, text(common::txt::kFindEnd));
+        m_app.dialogs->message(this, Dialogs::Icon::Information, text(txt::kFindEnd));
         return;
     }
     txtFita->selectBytes(*at, needle.size());
 }
 
-void FrmCalcula::mnuLimpar_Click() {
-    showClearReport(m_calc.clearTape());
-    refresh();
-}
-
-void FrmCalcula::mnuBackup_Click() {
-    m_settings.backup = mnuBackup->isChecked();
-    calc::CalculatorOptions options = m_calc.options();
-    options.backup = m_settings.backup;
-    m_calc.setOptions(options);
-    saveOption(keys::kBackup, common::boolText(m_settings.backup));
-}
-
 void FrmCalcula::mnuMostraBack_Click() {
-    const std::filesystem::path path = m_ctx.dataFolder / std::string(calc::kBackupFileName);
+    const std::filesystem::path path = m_app.dataFolder / std::string(calc::kBackupFileName);
     if (!std::filesystem::exists(path)) {
-        m_ctx.dialogs->message(this, Dialogs::Icon::Information, text(common::txt::kBackupMissing));
+        m_app.dialogs->message(this, Dialogs::Icon::Information, text(txt::kBackupMissing));
         return;
     }
-    if (!m_ctx.dialogs->openUrl(QString::fromStdString(path.string()))) {
-        m_ctx.dialogs->message(this, Dialogs::Icon::Critical, text(kBackupOpenFailed));
+    if (!m_app.dialogs->openUrl(QString::fromStdString(path.string()))) {
+        m_app.dialogs->message(this, Dialogs::Icon::Critical, text(txt::kBackupOpenFailed));
     }
 }
 
@@ -903,20 +882,19 @@ void FrmCalcula::mnuImprimir_Click(int size) {
     printer.setDocName(QStringLiteral("Zavrello"));
     const QString tape = QString::fromStdString(m_calc.tape().text());
     bool failed = false;
-    m_ctx.dialogs->print(this, printer, [&](QPrinter& target) {
+    m_app.dialogs->print(this, printer, [&](QPrinter& target) {
         const bool ok = printTape(target, tape, static_cast<PrintSize>(size));
         failed = failed || !ok;
         return ok;
     });
     if (failed) {
-        m_ctx.dialogs->message(this, Dialogs::Icon::Critical, text(17));
+        m_app.dialogs->message(this, Dialogs::Icon::Critical, text(txt::kPrinterFailed));
     }
 }
 
 void FrmCalcula::mnuMatricial_Click() {
-    const std::optional<QString> answer =
-        m_ctx.dialogs->ask(this, QStringLiteral(" Zavrello"), text(common::txt::kPortPrompt),
-                           QString::fromStdString(m_settings.port));
+    const std::optional<QString> answer = m_app.dialogs->ask(
+        this, QStringLiteral(" Zavrello"), text(txt::kPortPrompt), QString::fromStdString(m_settings.port));
     if (!answer) {
         return;
     }
@@ -930,11 +908,11 @@ void FrmCalcula::mnuMatricial_Click() {
     const platform::PortResult result =
         platform::writeToPort(device, calc::rollPrinterText(m_calc.tape().text()));
     if (result == platform::PortResult::Written) {
-        m_ctx.dialogs->message(this, Dialogs::Icon::Information, text(common::txt::kWaitForPrinter));
+        m_app.dialogs->message(this, Dialogs::Icon::Information, text(txt::kWaitForPrinter));
     } else {
-        m_ctx.dialogs->message(
+        m_app.dialogs->message(
             this, Dialogs::Icon::Critical,
-            text(common::txt::kPortFailed, QString::fromStdString(*port), QString::fromStdString(device)));
+            text(txt::kPortFailed, QString::fromStdString(*port), QString::fromStdString(device)));
     }
 }
 
@@ -943,12 +921,12 @@ void FrmCalcula::mnuSalvar_Click() {
                                ? QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)
                                : QString::fromStdString(m_settings.lastFolder);
     const QString initial = QDir(folder).filePath(QString::fromStdString(m_settings.lastFile));
-    const QString chosen = m_ctx.dialogs->saveFileName(this, text(common::txt::kSaveFilterName), initial);
+    const QString chosen = m_app.dialogs->saveFileName(this, text(txt::kSaveFilterName), initial);
     if (chosen.isEmpty()) {
         return;
     }
     if (!common::writeFileAtomically(std::filesystem::path(chosen.toStdString()), m_calc.tape().text())) {
-        m_ctx.dialogs->message(this, Dialogs::Icon::Critical, text(common::txt::kSaveFailed, chosen));
+        m_app.dialogs->message(this, Dialogs::Icon::Critical, text(txt::kSaveFailed, chosen));
         return;
     }
     const QFileInfo info(chosen);
@@ -958,50 +936,9 @@ void FrmCalcula::mnuSalvar_Click() {
     saveOption(keys::kUltimoPath, m_settings.lastFolder);
 }
 
-void FrmCalcula::mnuOcultar_Click() {
-    m_settings.keypadHidden = mnuOcultar->isChecked();
-    Arrange();
-}
-
-void FrmCalcula::mnuFicar_Click() {
-    m_settings.stayInTray = mnuFicar->isChecked();
-    saveOption(keys::kFicarSystray, common::boolText(m_settings.stayInTray));
-}
-
-void FrmCalcula::mnuMonit_Click() {
-    m_settings.monitor = mnuMonit->isChecked();
-    saveOption(keys::kMonitor, common::boolText(m_settings.monitor));
-}
-
-void FrmCalcula::mnuVisivel_Click() {
-    m_settings.alwaysOnTop = mnuVisivel->isChecked();
-    const bool shown = isVisible();
-    setWindowFlag(Qt::WindowStaysOnTopHint, m_settings.alwaysOnTop);
-    if (shown) {
-        show();
-    }
-}
-
-void FrmCalcula::mnuGrande_Click() {
-    m_settings.largeLetters = mnuGrande->isChecked();
-    Arrange();
-    saveOption(keys::kLetrona, common::boolText(m_settings.largeLetters));
-}
-
-void FrmCalcula::mnuNumLock_Click() {
-    m_settings.numLock = mnuNumLock->isChecked();
-    calc::CalculatorOptions options = m_calc.options();
-    options.numLock = m_settings.numLock;
-    m_calc.setOptions(options);
-    saveOption(keys::kNumLock, common::boolText(m_settings.numLock));
-    keepNumLockOn();
-}
-
 void FrmCalcula::mnuNumeral_Click(int index) {
     m_settings.format = static_cast<calc::NumberFormat>(index);
-    calc::CalculatorOptions options = m_calc.options();
-    options.format = m_settings.format;
-    m_calc.setOptions(options);
+    applyEngineOptions();
     saveOption(keys::kFormato, std::to_string(index));
     refresh();
 }
@@ -1012,89 +949,56 @@ void FrmCalcula::mnuCor_Click(int scheme) {
     saveOption(keys::kCor, std::to_string(scheme));
 }
 
-void FrmCalcula::mnuSom_Click(calc::KeySound sound) {
-    chooseSound(sound, sound == calc::KeySound::Musical);
-}
-
 void FrmCalcula::chooseSound(calc::KeySound sound, bool askInstrument) {
     if (askInstrument) {
         const std::optional<QString> answer =
-            m_ctx.dialogs->ask(this, text(58), text(common::txt::kInstrumentPrompt),
+            m_app.dialogs->ask(this, text(txt::kInstrumentTitle), text(txt::kInstrumentPrompt),
                                QStringLiteral("%1").arg(m_settings.instrument, 3, 10, QLatin1Char('0')));
         bool ok = false;
         const int instrument = answer ? answer->trimmed().toInt(&ok) : -1;
         if (!ok || instrument < 0 || instrument > 127) {
-            applySettings();  // the check mark goes back to the sound in force
+            showChoices();  // the check mark goes back to the sound in force
             return;
         }
         m_settings.instrument = instrument;
         saveOption(keys::kInstrumento, std::to_string(instrument));
     }
     m_settings.sound = sound;
-    mnuSemSom->setChecked(sound == calc::KeySound::None);
-    mnuBeep->setChecked(sound == calc::KeySound::Beep);
-    mnuSom->setChecked(sound == calc::KeySound::Musical);
+    showChoices();
     saveOption(keys::kSons, std::to_string(static_cast<int>(sound)));
-    if (sound == calc::KeySound::Musical) {
-        if (m_midi) {
-            m_midi->close();
-        }
-        m_midiFailed = false;
-        openMidi();
-    } else if (m_midi) {
-        m_midi->close();
-    }
+    m_keySounds.choose(sound, m_settings.instrument);
+    openMidi();
 }
 
 void FrmCalcula::openMidi() {
-    if (m_settings.sound != calc::KeySound::Musical || !m_ctx.makeMidi) {
-        return;
-    }
-    if (!m_midi) {
-        m_midi = m_ctx.makeMidi();
-    }
-    if (m_midi && m_midi->open(m_settings.instrument)) {
-        return;
-    }
-    // Said once; the calculator goes on without sound.
-    if (!m_midiFailed) {
-        m_midiFailed = true;
-        m_ctx.dialogs->message(this, Dialogs::Icon::Warning, text(common::txt::kMidiError));
+    // Keys typed meanwhile are not held up by a message: the notice waits in the window, and the
+    // keys beep instead of playing.
+    if (!m_keySounds.startSynthesizer()) {
+        findChild<QFrame*>(QStringLiteral("fraAviso"))->show();
     }
 }
 
 void FrmCalcula::mnuIdioma_Click(int language) {
-    m_language = static_cast<common::Language>(language);
     m_settings.language = language;
-    applyLanguage();
     saveOption(keys::kIdiomas2, std::to_string(language));
-    if (m_ctx.languageChanged) {
-        m_ctx.languageChanged(m_language);
-    }
-}
-
-void FrmCalcula::mnuXP_Click() {
-    m_settings.menuXP = mnuXP->isChecked();
-    saveOption(keys::kMenuXP, common::boolText(m_settings.menuXP));
-    m_ctx.dialogs->message(this, Dialogs::Icon::Information, text(common::txt::kRestartNeeded));
+    m_app.language->set(static_cast<common::Language>(language));
 }
 
 void FrmCalcula::mnuEnter_Click(calc::EnterAction enter) {
     m_settings.enter = enter;
-    calc::CalculatorOptions options = m_calc.options();
-    options.enter = enter;
-    m_calc.setOptions(options);
+    applyEngineOptions();
     saveOption(keys::kCalcEnter, calc::storedEnter(enter));
     if (enter == calc::EnterAction::Plus) {
-        m_ctx.dialogs->message(this, Dialogs::Icon::Information, text(common::txt::kEnterAddsInfo));
+        m_app.dialogs->message(this, Dialogs::Icon::Information, text(txt::kEnterAddsInfo));
     }
 }
 
 void FrmCalcula::mnuCalc_Click() {
     const QString title = QStringLiteral(" Zavrello  -  9.0.%1").arg(kBuildNumber);
-    if (m_ctx.dialogs->question(this, title + QStringLiteral("\n\n") + text(common::txt::kTips)) &&
-        !m_ctx.dialogs->openUrl(QString::fromLatin1(kWebPage))) {
-        m_ctx.dialogs->message(this, Dialogs::Icon::Critical, text(8));
+    if (m_app.dialogs->question(this, title + QStringLiteral("\n\n") + text(txt::kTips),
+                                Dialogs::Buttons::YesNo) == Dialogs::Answer::Yes &&
+        !m_app.dialogs->openUrl(QString::fromLatin1(kWebPage))) {
+        m_app.dialogs->message(this, Dialogs::Icon::Critical, text(txt::kBrowserFailed));
     }
 }
 
@@ -1102,8 +1006,9 @@ void FrmCalcula::mnuEmail_Click() {
     const QString url = QStringLiteral("mailto:%1?subject=Zavrello 9.0.%2 (build %2)")
                             .arg(QString::fromLatin1(kSupportAddress))
                             .arg(kBuildNumber);
-    if (!m_ctx.dialogs->openUrl(url)) {
-        m_ctx.dialogs->message(this, Dialogs::Icon::Critical, text(13, QString::fromLatin1(kSupportAddress)));
+    if (!m_app.dialogs->openUrl(url)) {
+        m_app.dialogs->message(this, Dialogs::Icon::Critical,
+                               text(txt::kMailFailed, QString::fromLatin1(kSupportAddress)));
     }
 }
 
@@ -1116,12 +1021,12 @@ void FrmCalcula::clipboardChanged() {
         return;
     }
     const calc::ClipboardNumbers numbers = calc::readClipboardNumbers(
-        copied.toStdString(), m_ctx.regional.separators, m_calc.options().timeMode);
+        copied.toStdString(), m_app.regional.separators, m_calc.options().timeMode);
     switch (numbers.kind) {
         case calc::ClipboardNumbers::Kind::NotNumbers:
             return;
         case calc::ClipboardNumbers::Kind::InvalidSelection:
-            m_ctx.dialogs->message(this, Dialogs::Icon::Warning, text(common::txt::kInvalidSelection));
+            m_app.dialogs->message(this, Dialogs::Icon::Warning, text(txt::kInvalidSelection));
             return;
         case calc::ClipboardNumbers::Kind::Amounts:
             for (const double value : numbers.values) {
@@ -1133,7 +1038,7 @@ void FrmCalcula::clipboardChanged() {
                 typeAmount(value);
             }
             m_ownClipboardText =
-                QString::fromStdString(calc::productsText(numbers.values, m_ctx.regional.separators));
+                QString::fromStdString(calc::productsText(numbers.values, m_app.regional.separators));
             QGuiApplication::clipboard()->setText(m_ownClipboardText);
             return;
     }

@@ -1,20 +1,21 @@
 #pragma once
 
 #include <QMainWindow>
-#include <QPointer>
-#include <filesystem>
+#include <array>
 #include <functional>
-#include <map>
+#include <initializer_list>
 #include <memory>
-#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
 
+#include "app/calc/key_sounds.h"
+#include "app/common/app_context.h"
+#include "app/common/tool_window.h"
 #include "core/calc/backup_file.h"
 #include "core/calc/calc_settings.h"
 #include "core/calc/calculator.h"
 #include "core/calc/tape_file.h"
-#include "core/common/clock.h"
-#include "core/common/regional.h"
-#include "core/common/settings_store.h"
 #include "platform/midi_out.h"
 
 class QAction;
@@ -26,26 +27,20 @@ class QPushButton;
 
 namespace zv::app {
 
-class Dialogs;
+class Captions;
 class TapeView;
 
-// What the calculator window is given from outside: the settings store, the folder of its files,
-// the user's regional values, and the doors to the desktop. Tests pass their own.
+// What only the calculator window is given, beside the program's shared services.
 struct CalcWindowContext {
-    common::SettingsStore* store = nullptr;
-    std::filesystem::path dataFolder;
-    std::string tapeSuffix;  // "" for the first running copy
-    common::Regional regional;
-    const common::Clock* clock = nullptr;
-    Dialogs* dialogs = nullptr;
-    std::function<std::unique_ptr<platform::MidiOut>()> makeMidi;
+    std::string tapeSuffix;                                        // "" for the first running copy
+    std::function<std::unique_ptr<platform::MidiOut>()> makeMidi;  // none: no synthesizer
+    std::function<void()> beep;                                    // none: the system beep
     // Registers the program to start in the tray at logon, or not; none: leave the system alone.
     std::function<void(bool)> setStartWithSystem;
     // The tray program's utilities (alarm, shutdown, restrictions, shortcut), offered as mnuUtil.
     QMenu* utilities = nullptr;
     // Told when the window has closed, with the "stay in the tray" option in force then.
     std::function<void(bool stayInTray)> onClosed;
-    std::function<void(common::Language)> languageChanged;
     // Keeps NumLock switched on while the option is checked; true when that took a synthetic
     // NumLock key press, which the window must then not take for the user's.
     std::function<bool(bool optionChecked)> keepNumLockOn;
@@ -59,18 +54,22 @@ struct CalcWindowContext {
 class FrmCalcula final : public QMainWindow {
     Q_OBJECT
 public:
-    explicit FrmCalcula(CalcWindowContext context, QWidget* parent = nullptr);
+    FrmCalcula(const AppContext& app, CalcWindowContext context, QWidget* parent = nullptr);
     ~FrmCalcula() override;
 
     // The single entry point of every key: keyboard, keypad and menu commands alike.
     void Form_KeyPress(int key);
     void LimpaTudo();
+    // A finished block of text from a tool, appended to the tape as whole lines.
+    void appendBlock(std::string_view block);
+    // The tool windows opened from this window's menus; their results go to its tape.
+    ToolWindows& tools() { return m_tools; }
     // Whether the tape file could be opened for writing as lines arrive.
     bool tapeFileHealthy() const;
 
     const calc::Calculator& calculator() const { return m_calc; }
     const calc::CalcSettings& settings() const { return m_settings; }
-    common::Language language() const { return m_language; }
+    common::Language language() const;
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
@@ -79,15 +78,34 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
+    // An option that is on or off: its menu item's check mark is the setting.
+    struct OnOffOption {
+        const char* name;
+        int textCode;
+        bool calc::CalcSettings::*setting;
+        std::string_view key;          // stored at once under this key; empty: when the window closes
+        void (FrmCalcula::*follow)();  // what the window does after a change; null: nothing
+    };
+    static std::span<const OnOffOption> onOffOptions();
+
     void buildWidgets();
     void buildMenus();
-    QAction* addAction(QMenu* menu, const char* name, int textCode, void (FrmCalcula::*slot)());
-    QAction* addOption(QMenu* menu, const char* name, int textCode, void (FrmCalcula::*slot)());
-    void applySettings();
+    QAction* makeAction(QMenu* menu, const char* name, int textCode);
+    QAction* addAction(QMenu* menu, const char* name, int textCode, std::function<void()> slot);
+    QAction* addOnOff(QMenu* menu, const char* name);
+    QActionGroup* addChoices(QMenu* menu, std::initializer_list<const char*> names, int firstCode,
+                             std::function<void(int index)> chosen);
+    QMenu* addSubmenu(QWidget* parent, const char* name, int textCode);
+    void showChoices();
+    void addChoiceMenus(QMenu* form);
     void Arrange();
     void applyColours();
+    void applyEngineOptions();
+    void applyOnTop();
+    void numLockOptionChanged();
+    void tellRestartNeeded();
     void fitWidth();
-    void applyLanguage();
+    void languageShown();
     void restoreGeometry();
     void refresh();
     void afterKey(int acceptedKey);
@@ -101,31 +119,18 @@ private:
     // Menu commands.
     void mnuOutra_Click();
     void mnuWindows_Click();
-    void mnuTempo_Click();
     void mnuCopiar_Click();
-    void mnuUndo_Click();
-    void mnuRedo_Click();
     void mnuExtenso_Click();
     void mnuEditar_Click();
     void mnuLocalizar_Click();
-    void mnuLimpar_Click();
-    void mnuBackup_Click();
     void mnuMostraBack_Click();
     void mnuImprimir_Click(int size);
     void mnuMatricial_Click();
     void mnuSalvar_Click();
-    void mnuOcultar_Click();
-    void mnuFicar_Click();
-    void mnuMonit_Click();
-    void mnuVisivel_Click();
-    void mnuGrande_Click();
-    void mnuNumLock_Click();
     void mnuNumeral_Click(int index);
     void mnuCor_Click(int scheme);
-    void mnuSom_Click(calc::KeySound sound);
     void chooseSound(calc::KeySound sound, bool askInstrument);
     void mnuIdioma_Click(int language);
-    void mnuXP_Click();
     void mnuEnter_Click(calc::EnterAction enter);
     void mnuCalc_Click();
     void mnuEmail_Click();
@@ -133,16 +138,16 @@ private:
     void openMidi();
     void keepNumLockOn();
 
+    AppContext m_app;
     CalcWindowContext m_ctx;
     calc::CalcSettings m_settings;
-    common::Language m_language;
     calc::BackupFile m_backup;
     calc::Calculator m_calc;
     std::unique_ptr<calc::TapeFile> m_tapeFile;
-    calc::TapeSink* m_viewSink = nullptr;
     std::unique_ptr<calc::TapeSink> m_fanOut;
-    std::unique_ptr<platform::MidiOut> m_midi;
-    bool m_midiFailed = false;
+    KeySounds m_keySounds;
+    ToolWindows m_tools;
+    Captions* m_captions = nullptr;
     bool m_deleteArmed = false;
     bool m_syntheticNumLock = false;
     int m_tapeWidth = 0;
@@ -154,43 +159,18 @@ private:
     QLabel* lblVisor1 = nullptr;
     QLabel* lblTotal = nullptr;
     TapeView* txtFita = nullptr;
-    QPushButton* chkNum[10] = {};
-    QPushButton* chkVirgula = nullptr;
-    QPushButton* chkNeg = nullptr;
-    QPushButton* chkBack = nullptr;
-    QPushButton* chkCE = nullptr;
-    QPushButton* chkMais = nullptr;
-    QPushButton* chkMenos = nullptr;
-    QPushButton* chkVezes = nullptr;
-    QPushButton* chkDividir = nullptr;
-    QPushButton* chkPercent = nullptr;
-    QPushButton* chkIgual = nullptr;
+    // The keys shown pressed when typed: chkNum(0) to chkNum(9), then chkVirgula.
+    std::array<QPushButton*, 11> m_typedKeys = {};
+    QList<QPushButton*> m_operatorKeys;  // ÷ × − +, painted by the colour schemes
 
-    // Every captioned menu item and submenu with its text code, for relabelling.
-    std::map<QObject*, int> m_captions;
-    QMenu* mnu4 = nullptr;
     QAction* mnuUndo = nullptr;
     QAction* mnuRedo = nullptr;
     QAction* mnuEditar = nullptr;
     QAction* mnuTempo = nullptr;
-    QAction* mnuBackup = nullptr;
-    QAction* mnuOcultar = nullptr;
-    QAction* mnuFicar = nullptr;
-    QAction* mnuMonit = nullptr;
-    QAction* mnuVisivel = nullptr;
-    QAction* mnuGrande = nullptr;
-    QAction* mnuNumLock = nullptr;
-    QAction* mnuXP = nullptr;
-    QAction* mnuNumeral[3] = {};
-    QAction* mnuCor[4] = {};
-    QAction* mnuSemSom = nullptr;
-    QAction* mnuBeep = nullptr;
-    QAction* mnuSom = nullptr;
-    QAction* mnuPortuguese = nullptr;
-    QAction* mnuEnglish = nullptr;
-    QAction* mnuSpanish = nullptr;
-    QAction* mnuEnter = nullptr;
-    QAction* mnuIgual = nullptr;
+    // The exclusive choices (number format, colour scheme, key sound, language, Enter key), each
+    // group's items in menu order.
+    enum Choice { kFormat, kScheme, kSound, kLanguage, kEnterKey };
+    std::array<QActionGroup*, 5> m_choices = {};
 };
 
 }  // namespace zv::app

@@ -1,6 +1,7 @@
 #include "app/common/dialogs.h"
 
 #include "app/common/open_document.h"
+#include "app/common/ui_language.h"
 
 #include <QFileDialog>
 #include <QInputDialog>
@@ -8,9 +9,26 @@
 #include <QPrintDialog>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
+#include <QPushButton>
 #include <QUrl>
+#include <algorithm>
 
 namespace zv::app {
+namespace {
+
+// The words of the question box's buttons. They belong with the interface texts; until the text
+// table holds them they are kept here, in the same three languages.
+QString buttonWord(common::Language language, Dialogs::Answer answer) {
+    static const char* const kWords[3][3] = {
+        {"&Sim", "&Não", "&Cancelar"},
+        {"&Yes", "&No", "&Cancel"},
+        {"&Sí", "&No", "&Cancelar"},
+    };
+    const int row = std::clamp(static_cast<int>(language) - 1, 0, 2);
+    return QString::fromUtf8(kWords[row][static_cast<int>(answer)]);
+}
+
+}  // namespace
 
 void DesktopDialogs::message(QWidget* parent, Icon icon, const QString& text) {
     const QString title = QStringLiteral(" Zavrello");
@@ -27,8 +45,25 @@ void DesktopDialogs::message(QWidget* parent, Icon icon, const QString& text) {
     }
 }
 
-bool DesktopDialogs::question(QWidget* parent, const QString& text) {
-    return QMessageBox::question(parent, QStringLiteral(" Zavrello"), text) == QMessageBox::Yes;
+Dialogs::Answer DesktopDialogs::question(QWidget* parent, const QString& text, Buttons buttons) {
+    QMessageBox box(QMessageBox::Question, QStringLiteral(" Zavrello"), text, QMessageBox::NoButton, parent);
+    const std::pair<QMessageBox::StandardButton, Answer> offered[] = {{QMessageBox::Yes, Answer::Yes},
+                                                                      {QMessageBox::No, Answer::No},
+                                                                      {QMessageBox::Cancel, Answer::Cancel}};
+    for (const auto& [button, answer] : offered) {
+        if (answer != Answer::Cancel || buttons == Buttons::YesNoCancel) {
+            box.addButton(button)->setText(buttonWord(m_language.current(), answer));
+        }
+    }
+    box.setDefaultButton(QMessageBox::Yes);
+    switch (box.exec()) {
+        case QMessageBox::Yes:
+            return Answer::Yes;
+        case QMessageBox::No:
+            return Answer::No;
+        default:
+            return buttons == Buttons::YesNoCancel ? Answer::Cancel : Answer::No;
+    }
 }
 
 std::optional<QString> DesktopDialogs::ask(QWidget* parent, const QString& title, const QString& prompt,

@@ -14,11 +14,12 @@ namespace zv::app {
 class Dialogs {
 public:
     enum class Icon { Information, Warning, Critical };
+    enum class Buttons { YesNo, YesNoCancel };
+    enum class Answer { Yes, No, Cancel };  // closing the box is Cancel, or No without Cancel
     virtual ~Dialogs() = default;
 
     virtual void message(QWidget* parent, Icon icon, const QString& text) = 0;
-    // Yes or no.
-    virtual bool question(QWidget* parent, const QString& text) = 0;
+    virtual Answer question(QWidget* parent, const QString& text, Buttons buttons) = 0;
     // One line of text; nullopt when cancelled.
     virtual std::optional<QString> ask(QWidget* parent, const QString& title, const QString& prompt,
                                        const QString& initial) = 0;
@@ -31,16 +32,24 @@ public:
     virtual bool openUrl(const QString& url) = 0;
 };
 
-// The real thing: message boxes, the system's dialogs, the desktop's handlers.
+class UiLanguage;
+
+// The real thing: message boxes, the system's dialogs, the desktop's handlers. Buttons speak the
+// interface's language.
 class DesktopDialogs final : public Dialogs {
 public:
+    explicit DesktopDialogs(const UiLanguage& language) : m_language(language) {}
+
     void message(QWidget* parent, Icon icon, const QString& text) override;
-    bool question(QWidget* parent, const QString& text) override;
+    Answer question(QWidget* parent, const QString& text, Buttons buttons) override;
     std::optional<QString> ask(QWidget* parent, const QString& title, const QString& prompt,
                                const QString& initial) override;
     QString saveFileName(QWidget* parent, const QString& filter, const QString& initialPath) override;
     bool print(QWidget* parent, QPrinter& printer, const std::function<bool(QPrinter&)>& paint) override;
     bool openUrl(const QString& url) override;
+
+private:
+    const UiLanguage& m_language;
 };
 
 }  // namespace zv::app

@@ -8,80 +8,76 @@
 #include <QSystemTrayIcon>
 #include <QTimer>
 #include <QWidget>
+#include <climits>
 
+#include "app/common/captions.h"
 #include "app/common/dialogs.h"
 #include "app/common/menu_look.h"
 #include "core/common/settings_keys.h"
+#include "core/common/settings_reader.h"
 #include "core/common/text_table.h"
 #include "core/tray/restrictions.h"
 
 namespace zv::app {
-namespace {
 
-QString trimmed(const QString& text) {
-    return text.trimmed();
-}
+namespace txt = common::txt;
 
-}  // namespace
-
-FrmSysTray::FrmSysTray(TrayContext context, QObject* parent) : QObject(parent), m_ctx(std::move(context)) {
+FrmSysTray::FrmSysTray(const AppContext& app, TrayContext context, QObject* parent)
+    : QObject(parent),
+      m_app(app),
+      m_ctx(std::move(context)),
+      m_captions(new Captions(*m_app.language, this)) {
     setObjectName(QStringLiteral("frmSysTray"));
     for (int frame = 0; frame < 3; ++frame) {
         m_frames[frame] = drawIcon(frame);
     }
+    const auto addAction = [this](QMenu* menu, const char* name, void (FrmSysTray::*slot)()) {
+        QAction* action = menu->addAction(QString(), this, slot);
+        action->setObjectName(QLatin1String(name));
+        return action;
+    };
     m_menu = new QMenu;
     m_menu->setObjectName(QStringLiteral("mnu0"));
-    mnuSystray = m_menu->addAction(QString(), this, &FrmSysTray::mnuSystray_Click);
-    mnuSystray->setObjectName(QStringLiteral("mnuSystray"));
+    QAction* mnuSystray = addAction(m_menu, "mnuSystray", &FrmSysTray::mnuSystray_Click);
     QFont bold = mnuSystray->font();
     bold.setBold(true);
     mnuSystray->setFont(bold);
     m_menu->setDefaultAction(mnuSystray);
+    m_captions->add(mnuSystray, txt::kMnuSystray, Captions::Part::Caption, QStringLiteral("   Ctrl+Shift+C"));
     m_menu->addSeparator();
     m_util = m_menu->addMenu(QString());
     m_util->setObjectName(QStringLiteral("mnuUtil"));
-    mnuAlarme = m_util->addAction(QString(), this, &FrmSysTray::mnuAlarme_Click);
-    mnuAlarme->setObjectName(QStringLiteral("mnuAlarme"));
-    mnuAlarme->setCheckable(true);
-    mnuDesligar = m_util->addAction(QString(), this, &FrmSysTray::mnuDesligar_Click);
-    mnuDesligar->setObjectName(QStringLiteral("mnuDesligar"));
-    mnuDesligar->setCheckable(true);
-    mnuProteger = m_util->addAction(QString(), this, &FrmSysTray::mnuProteger_Click);
-    mnuProteger->setObjectName(QStringLiteral("mnuProteger"));
-    mnuProteger->setCheckable(true);
+    m_captions->add(m_util, txt::kMnuUtilTray);
+    mnuAlarme = addAction(m_util, "mnuAlarme", &FrmSysTray::mnuAlarme_Click);
+    mnuDesligar = addAction(m_util, "mnuDesligar", &FrmSysTray::mnuDesligar_Click);
+    mnuProteger = addAction(m_util, "mnuProteger", &FrmSysTray::mnuProteger_Click);
+    m_captions->add(mnuProteger, txt::kMnuProteger);
+    for (QAction* option : {mnuAlarme, mnuDesligar, mnuProteger}) {
+        option->setCheckable(true);
+    }
     // Where the system has no such policies the item would do nothing: it is not offered.
     mnuProteger->setVisible(m_ctx.registry != nullptr);
-    if (m_ctx.store != nullptr) {
-        const std::optional<long> segur = common::parseWhole(
-            common::GetSetting(*m_ctx.store, common::settings::kConfigura, common::settings::kSegur, "0"));
-        mnuProteger->setChecked(segur.value_or(0) != 0);
-    }
-    mnuAtalho = m_util->addAction(QString(), this, &FrmSysTray::mnuAtalho_Click);
-    mnuAtalho->setObjectName(QStringLiteral("mnuAtalho"));
+    const common::SettingsReader config(*m_app.store, common::settings::kConfigura);
+    mnuProteger->setChecked(config.whole(common::settings::kSegur, INT_MIN, INT_MAX).value_or(0) != 0);
+    m_captions->add(addAction(m_util, "mnuAtalho", &FrmSysTray::mnuAtalho_Click), txt::kMnuAtalho);
     m_menu->addSeparator();
-    mnuSair = m_menu->addAction(QString(), this, &FrmSysTray::mnuSair_Click);
-    mnuSair->setObjectName(QStringLiteral("mnuSair"));
+    m_captions->add(addAction(m_menu, "mnuSair", &FrmSysTray::mnuSair_Click), txt::kMnuSair);
+    connect(m_captions, &Captions::relabelled, this, &FrmSysTray::showSchedule);
+    showSchedule();
 
-    const std::optional<bool> menuXP =
-        m_ctx.store != nullptr
-            ? common::parseBool(common::GetSetting(*m_ctx.store, common::settings::kConfigura,
-                                                   common::settings::kMenuXP, "True"))
-            : std::nullopt;
-    if (menuXP.value_or(true)) {
+    if (config.boolean(common::settings::kMenuXP).value_or(true)) {
         applyOfficeMenuLook(m_menu);
         applyOfficeMenuLook(m_util);
     }
 
-    tmrTempo = new QTimer(this);
-    tmrTempo->setObjectName(QStringLiteral("tmrTempo"));
-    tmrTempo->setInterval(1000);
-    connect(tmrTempo, &QTimer::timeout, this, &FrmSysTray::tmrTempo_Timer);
-    tmrTray = new QTimer(this);
-    tmrTray->setObjectName(QStringLiteral("tmrTray"));
-    tmrTray->setInterval(1000);
-    connect(tmrTray, &QTimer::timeout, this, &FrmSysTray::tmrTray_Timer);
-
-    setLanguage(m_ctx.language);
+    const std::pair<QTimer*, void (FrmSysTray::*)()> timers[] = {{&tmrTempo, &FrmSysTray::tmrTempo_Timer},
+                                                                 {&tmrTray, &FrmSysTray::tmrTray_Timer}};
+    for (const auto& [timer, tick] : timers) {
+        timer->setInterval(1000);
+        connect(timer, &QTimer::timeout, this, tick);
+    }
+    tmrTempo.setObjectName(QStringLiteral("tmrTempo"));
+    tmrTray.setObjectName(QStringLiteral("tmrTray"));
 }
 
 FrmSysTray::~FrmSysTray() {
@@ -92,24 +88,19 @@ FrmSysTray::~FrmSysTray() {
 }
 
 QString FrmSysTray::text(int code, const QString& arg1, const QString& arg2) const {
-    return QString::fromStdString(
-        common::GetText(m_ctx.language, code, arg1.toStdString(), arg2.toStdString()));
+    return m_captions->text(code, arg1, arg2);
 }
 
-void FrmSysTray::setLanguage(common::Language language) {
-    m_ctx.language = language;
-    mnuSystray->setText(text(81, QStringLiteral("   Ctrl+Shift+C")));
-    m_util->setTitle(text(83));
-    mnuAlarme->setText(m_schedule.alarmScheduled()
-                           ? text(45, QString::fromStdString(tray::formatTimeOfDay(*m_schedule.alarmTime())))
-                           : trimmed(text(67)));
+void FrmSysTray::showSchedule() {
+    const std::optional<int> alarm = m_schedule.alarmTime();
+    mnuAlarme->setText(alarm ? text(txt::kMnuAlarmeAt, QString::fromStdString(tray::formatTimeOfDay(*alarm)))
+                             : text(txt::kMnuAlarme).trimmed());
+    mnuAlarme->setChecked(alarm.has_value());
+    const std::optional<int> shutdown = m_schedule.shutdownTime();
     mnuDesligar->setText(
-        m_schedule.shutdownScheduled()
-            ? text(80, QString::fromStdString(tray::formatTimeOfDay(*m_schedule.shutdownTime())))
-            : trimmed(text(70)));
-    mnuProteger->setText(text(84));
-    mnuAtalho->setText(text(85));
-    mnuSair->setText(text(87));
+        shutdown ? text(txt::kMnuDesligarAt, QString::fromStdString(tray::formatTimeOfDay(*shutdown)))
+                 : text(txt::kMnuDesligar).trimmed());
+    mnuDesligar->setChecked(shutdown.has_value());
 }
 
 bool FrmSysTray::showIcon() {
@@ -135,11 +126,11 @@ bool FrmSysTray::iconVisible() const {
 }
 
 bool FrmSysTray::watchRunning() const {
-    return tmrTempo->isActive();
+    return tmrTempo.isActive();
 }
 
 bool FrmSysTray::blinkRunning() const {
-    return tmrTray->isActive();
+    return tmrTray.isActive();
 }
 
 void FrmSysTray::setIconFrame(int frame) {
@@ -150,7 +141,7 @@ void FrmSysTray::setIconFrame(int frame) {
 }
 
 int FrmSysTray::timeOfDay() const {
-    const common::DateTime now = m_ctx.clock->now();
+    const common::DateTime now = m_app.clock->now();
     return now.hour * 3600 + now.minute * 60 + now.second;
 }
 
@@ -163,75 +154,76 @@ void FrmSysTray::mnuSystray_Click() {
     m_calculator->activateWindow();
 }
 
+std::optional<FrmSysTray::TypedTime> FrmSysTray::askTime(int titleCode, int promptCode) {
+    // A click on a checkable item has turned its check mark; the schedule says what it is.
+    showSchedule();
+    const QString now = QString::fromStdString(tray::formatTimeOfDay(timeOfDay()));
+    const std::optional<QString> typed = m_app.dialogs->ask(nullptr, text(titleCode), text(promptCode), now);
+    const std::optional<int> at = typed ? tray::parseTimeOfDay(typed->toStdString()) : std::nullopt;
+    return at ? std::optional<TypedTime>(TypedTime{typed->trimmed(), *at}) : std::nullopt;
+}
+
+void FrmSysTray::scheduleChanged(bool cancelled) {
+    showSchedule();
+    if (cancelled) {
+        m_app.dialogs->message(nullptr, Dialogs::Icon::Critical, text(txt::kScheduleCancelled));
+    } else {
+        tmrTempo.start();
+    }
+}
+
 void FrmSysTray::mnuAlarme_Click() {
     if (m_schedule.alarmScheduled()) {
         m_schedule.cancelAlarm();
-        mnuAlarme->setChecked(false);
-        mnuAlarme->setText(trimmed(text(67)));
-        m_ctx.dialogs->message(nullptr, Dialogs::Icon::Critical, text(38));
+        scheduleChanged(true);
         return;
     }
-    mnuAlarme->setChecked(false);
-    const QString now = QString::fromStdString(tray::formatTimeOfDay(timeOfDay()));
-    const std::optional<QString> time = m_ctx.dialogs->ask(nullptr, text(67), text(66), now);
-    const std::optional<int> at = time ? tray::parseTimeOfDay(time->toStdString()) : std::nullopt;
-    if (!at) {
-        m_ctx.dialogs->message(nullptr, Dialogs::Icon::Critical, text(38));
-        return;
+    const std::optional<TypedTime> time = askTime(txt::kMnuAlarme, txt::kTimePrompt);
+    const std::optional<QString> reason =
+        time ? m_app.dialogs->ask(nullptr, text(txt::kMnuAlarme), text(txt::kReasonPrompt), QString())
+             : std::nullopt;
+    const bool given = reason && !reason->trimmed().isEmpty();
+    if (given) {
+        m_schedule.scheduleAlarm(time->seconds, reason->toStdString());
     }
-    const std::optional<QString> reason = m_ctx.dialogs->ask(nullptr, text(67), text(68), QString());
-    if (!reason || reason->trimmed().isEmpty()) {
-        m_ctx.dialogs->message(nullptr, Dialogs::Icon::Critical, text(38));
-        return;
-    }
-    m_schedule.scheduleAlarm(*at, reason->toStdString());
-    mnuAlarme->setText(text(45, QString::fromStdString(tray::formatTimeOfDay(*at))));
-    mnuAlarme->setChecked(true);
-    tmrTempo->start();
+    scheduleChanged(!given);
 }
 
 void FrmSysTray::mnuDesligar_Click() {
     if (m_schedule.shutdownScheduled()) {
         m_schedule.cancelShutdown();
-        mnuDesligar->setChecked(false);
-        mnuDesligar->setText(trimmed(text(70)));
-        m_ctx.dialogs->message(nullptr, Dialogs::Icon::Critical, text(38));
+        scheduleChanged(true);
         return;
     }
-    mnuDesligar->setChecked(false);
-    const QString now = QString::fromStdString(tray::formatTimeOfDay(timeOfDay()));
-    const std::optional<QString> time = m_ctx.dialogs->ask(nullptr, text(70), text(69), now);
-    const std::optional<int> at = time ? tray::parseTimeOfDay(time->toStdString()) : std::nullopt;
-    if (!at || !m_ctx.dialogs->question(nullptr, text(39, time->trimmed()))) {
-        m_ctx.dialogs->message(nullptr, Dialogs::Icon::Critical, text(38));
-        return;
+    const std::optional<TypedTime> time = askTime(txt::kMnuDesligar, txt::kShutdownPrompt);
+    const bool confirmed = time && m_app.dialogs->question(nullptr, text(txt::kConfirmShutdown, time->typed),
+                                                           Dialogs::Buttons::YesNo) == Dialogs::Answer::Yes;
+    if (confirmed) {
+        m_schedule.scheduleShutdown(time->seconds);
     }
-    m_schedule.scheduleShutdown(*at);
-    mnuDesligar->setText(text(80, QString::fromStdString(tray::formatTimeOfDay(*at))));
-    mnuDesligar->setChecked(true);
-    tmrTempo->start();
+    scheduleChanged(!confirmed);
 }
 
 void FrmSysTray::tmrTempo_Timer() {
     const bool showAlarm = m_schedule.tickWatch(timeOfDay());
-    if (m_schedule.blinkRunning() && !tmrTray->isActive()) {
-        tmrTray->start();
+    if (m_schedule.blinkRunning() && !tmrTray.isActive()) {
+        tmrTray.start();
     }
     if (!m_schedule.watchRunning()) {
-        tmrTempo->stop();
+        tmrTempo.stop();
     }
     if (showAlarm) {
         const std::optional<int> at = m_schedule.alarmTime();
         mnuSystray_Click();
         // The timers go on while the message is open: the tray beeps and blinks until it closes.
-        m_ctx.dialogs->message(nullptr, Dialogs::Icon::Information,
-                               text(43, QString::fromStdString(tray::formatTimeOfDay(at.value_or(0))),
-                                    QString::fromStdString(m_schedule.alarmReason())));
+        m_app.dialogs->message(
+            nullptr, Dialogs::Icon::Information,
+            text(txt::kAlarmMessage, QString::fromStdString(tray::formatTimeOfDay(at.value_or(0))),
+                 QString::fromStdString(m_schedule.alarmReason())));
         m_schedule.alarmMessageClosed();
-        mnuAlarme->setChecked(false);
-        mnuAlarme->setText(trimmed(text(67)));
+        showSchedule();
         if (!m_schedule.watchRunning()) {
-            tmrTempo->stop();
+            tmrTempo.stop();
         }
     }
 }
@@ -243,8 +235,8 @@ void FrmSysTray::tmrTray_Timer() {
     }
     setIconFrame(tick.icon);
     if (tick.shutdownNow) {
-        tmrTray->stop();
-        tmrTempo->stop();
+        tmrTray.stop();
+        tmrTempo.stop();
         if (m_ctx.powerOff) {
             m_ctx.powerOff();
         }
@@ -252,7 +244,7 @@ void FrmSysTray::tmrTray_Timer() {
         return;
     }
     if (!m_schedule.blinkRunning()) {
-        tmrTray->stop();
+        tmrTray.stop();
         setIconFrame(0);
     }
 }
@@ -264,17 +256,16 @@ void FrmSysTray::mnuProteger_Click() {
     if (!mnuProteger->isChecked()) {
         // It was checked: the click unprotects.
         tray::unprotectWorkstation(*m_ctx.registry);
-        m_ctx.dialogs->message(nullptr, Dialogs::Icon::Information, text(40));
-    } else if (m_ctx.dialogs->question(nullptr, text(41))) {
+        m_app.dialogs->message(nullptr, Dialogs::Icon::Information, text(txt::kProtectionOff));
+    } else if (m_app.dialogs->question(nullptr, text(txt::kConfirmProtection), Dialogs::Buttons::YesNo) ==
+               Dialogs::Answer::Yes) {
         tray::protectWorkstation(*m_ctx.registry);
-        m_ctx.dialogs->message(nullptr, Dialogs::Icon::Information, text(42));
+        m_app.dialogs->message(nullptr, Dialogs::Icon::Information, text(txt::kProtectionOn));
     } else {
         mnuProteger->setChecked(false);
     }
-    if (m_ctx.store != nullptr) {
-        common::SaveSetting(*m_ctx.store, common::settings::kConfigura, common::settings::kSegur,
-                            mnuProteger->isChecked() ? "1" : "0");
-    }
+    common::SaveSetting(*m_app.store, common::settings::kConfigura, common::settings::kSegur,
+                        mnuProteger->isChecked() ? "1" : "0");
 }
 
 void FrmSysTray::mnuAtalho_Click() {
@@ -283,10 +274,10 @@ void FrmSysTray::mnuAtalho_Click() {
     }
     const std::optional<std::string> where = m_ctx.createShortcut();
     if (where) {
-        m_ctx.dialogs->message(nullptr, Dialogs::Icon::Information,
-                               text(common::txt::kShortcutCreated, QString::fromStdString(*where)));
+        m_app.dialogs->message(nullptr, Dialogs::Icon::Information,
+                               text(txt::kShortcutCreated, QString::fromStdString(*where)));
     } else {
-        m_ctx.dialogs->message(nullptr, Dialogs::Icon::Critical, text(common::txt::kShortcutFailed));
+        m_app.dialogs->message(nullptr, Dialogs::Icon::Critical, text(txt::kShortcutFailed));
     }
 }
 

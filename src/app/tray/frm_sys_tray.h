@@ -3,19 +3,17 @@
 #include <QIcon>
 #include <QObject>
 #include <QPointer>
+#include <QTimer>
 #include <functional>
 #include <optional>
 #include <string>
 
-#include "core/common/clock.h"
-#include "core/common/regional.h"
-#include "core/common/settings_store.h"
+#include "app/common/app_context.h"
 #include "core/tray/schedule.h"
 
 class QAction;
 class QMenu;
 class QSystemTrayIcon;
-class QTimer;
 class QWidget;
 
 namespace zv::tray {
@@ -24,15 +22,11 @@ class Registry;
 
 namespace zv::app {
 
-class Dialogs;
+class Captions;
 
-// What the tray program is given from outside; tests pass fakes, and only the program's entry
-// point passes the real power-off.
+// What only the tray program is given, beside the program's shared services; tests pass fakes,
+// and only the program's entry point passes the real power-off.
 struct TrayContext {
-    common::SettingsStore* store = nullptr;
-    Dialogs* dialogs = nullptr;
-    const common::Clock* clock = nullptr;
-    common::Language language = common::Language::Portuguese;
     tray::Registry* registry = nullptr;  // none: this system has no workstation policies
     std::function<void()> powerOff;      // switches the computer off
     // Creates the program's shortcut; where it went, or nullopt when it could not be made.
@@ -45,7 +39,7 @@ struct TrayContext {
 class FrmSysTray final : public QObject {
     Q_OBJECT
 public:
-    explicit FrmSysTray(TrayContext context, QObject* parent = nullptr);
+    FrmSysTray(const AppContext& app, TrayContext context, QObject* parent = nullptr);
     ~FrmSysTray() override;
 
     // Puts the icon in the notification area; false when the desktop has none.
@@ -55,7 +49,6 @@ public:
     // mnuUtil: the utilities, offered in the calculator's menu as well.
     QMenu* utilitiesMenu() const { return m_util; }
     QMenu* trayMenu() const { return m_menu; }
-    void setLanguage(common::Language language);
 
     void mnuSystray_Click();
     void mnuAlarme_Click();
@@ -79,10 +72,22 @@ signals:
 
 private:
     QString text(int code, const QString& arg1 = {}, const QString& arg2 = {}) const;
+    // The alarm and shutdown items say the time they are set for.
+    void showSchedule();
+    struct TypedTime {
+        QString typed;  // as the user typed it, blanks around taken off
+        int seconds;    // the time of day
+    };
+    // Asks a time of day, offering the present time; nullopt when cancelled or not a time.
+    std::optional<TypedTime> askTime(int titleCode, int promptCode);
+    // After a schedule was set, or cancelled (which the user is told).
+    void scheduleChanged(bool cancelled);
     int timeOfDay() const;
     void setIconFrame(int frame);
 
+    AppContext m_app;
     TrayContext m_ctx;
+    Captions* m_captions;
     tray::Schedule m_schedule;
     QPointer<QWidget> m_calculator;
     QSystemTrayIcon* m_icon = nullptr;
@@ -90,14 +95,11 @@ private:
     int m_iconFrame = 0;
     QMenu* m_menu = nullptr;
     QMenu* m_util = nullptr;
-    QAction* mnuSystray = nullptr;
     QAction* mnuAlarme = nullptr;
     QAction* mnuDesligar = nullptr;
     QAction* mnuProteger = nullptr;
-    QAction* mnuAtalho = nullptr;
-    QAction* mnuSair = nullptr;
-    QTimer* tmrTempo = nullptr;
-    QTimer* tmrTray = nullptr;
+    QTimer tmrTempo;
+    QTimer tmrTray;
 };
 
 }  // namespace zv::app

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "core/common/settings_keys.h"
+#include "core/common/settings_reader.h"
 
 namespace zv::calc {
 
@@ -11,46 +12,8 @@ namespace keys = common::settings;
 
 namespace {
 
-// Reads the options of section "Configura"; every getter leaves the target alone when the key is
-// missing or its text does not read, so the default stands.
-class ConfigReader {
-public:
-    explicit ConfigReader(const common::SettingsStore& store) : m_store(store) {}
-
-    std::optional<std::string> text(std::string_view key) const {
-        return m_store.read(keys::kConfigura, key);
-    }
-
-    void boolean(std::string_view key, bool& target) const {
-        if (const auto stored = text(key)) {
-            if (const auto value = common::parseBool(*stored)) {
-                target = *value;
-            }
-        }
-    }
-
-    // A whole number within [low, high].
-    std::optional<int> whole(std::string_view key, long low, long high) const {
-        if (const auto stored = text(key)) {
-            if (const auto value = common::parseWhole(*stored); value && *value >= low && *value <= high) {
-                return static_cast<int>(*value);
-            }
-        }
-        return std::nullopt;
-    }
-
-    void whole(std::string_view key, long low, long high, int& target) const {
-        if (const auto value = whole(key, low, high)) {
-            target = *value;
-        }
-    }
-
-private:
-    const common::SettingsStore& m_store;
-};
-
-constexpr long kIntMin = std::numeric_limits<int>::min();
-constexpr long kIntMax = std::numeric_limits<int>::max();
+constexpr int kIntMin = std::numeric_limits<int>::min();
+constexpr int kIntMax = std::numeric_limits<int>::max();
 
 void writeWhole(common::SettingsStore& store, std::string_view key, int value) {
     common::SaveSetting(store, keys::kConfigura, key, std::to_string(value));
@@ -63,7 +26,7 @@ void writeBool(common::SettingsStore& store, std::string_view key, bool value) {
 }  // namespace
 
 CalcSettings loadCalcSettings(const common::SettingsStore& store) {
-    const ConfigReader config(store);
+    const common::SettingsReader config(store, keys::kConfigura);
     CalcSettings s;
 
     config.boolean(keys::kMenuXP, s.menuXP);
@@ -104,6 +67,10 @@ CalcSettings loadCalcSettings(const common::SettingsStore& store) {
     }
     config.whole(keys::kIdiomas2, 0, 3, s.language);
     return s;
+}
+
+CalculatorOptions engineOptions(const CalcSettings& settings, bool timeMode) {
+    return CalculatorOptions{settings.format, settings.enter, settings.numLock, timeMode, settings.backup};
 }
 
 std::string storedText(bool value) {

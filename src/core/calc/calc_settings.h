@@ -40,6 +40,9 @@ struct CalcSettings {
 
 CalcSettings loadCalcSettings(const common::SettingsStore& store);
 
+// What the engine is told of the options; time mode is the window's and is not stored.
+CalculatorOptions engineOptions(const CalcSettings& settings, bool timeMode);
+
 // The text each option is stored as (the key is the option's own, see settings_keys.h).
 std::string storedText(bool value);
 std::string storedEnter(EnterAction enter);

@@ -84,3 +84,18 @@ TEST(CalcSettings, SaveOnCloseWritesExactlyItsKeysAndLoadsBack) {
     EXPECT_EQ(withSize.values.size(), expected.size() + 2);
     EXPECT_EQ(loadCalcSettings(withSize), saved);
 }
+
+TEST(CalcSettings, EngineOptionsFollowEveryOptionOfTheEngine) {
+    CalcSettings s;
+    s.format = NumberFormat::Fixed;
+    s.enter = EnterAction::Plus;
+    s.numLock = false;
+    s.backup = false;
+    const CalculatorOptions options = engineOptions(s, true);
+    EXPECT_EQ(options.format, NumberFormat::Fixed);
+    EXPECT_EQ(options.enter, EnterAction::Plus);
+    EXPECT_FALSE(options.numLock);
+    EXPECT_FALSE(options.backup);
+    EXPECT_TRUE(options.timeMode);
+    EXPECT_FALSE(engineOptions(s, false).timeMode);
+}
