@@ -14,15 +14,14 @@
 namespace zv::platform {
 namespace {
 
-TEST(MidiOut, OpensOrFailsCleanlyWithoutASoundCard) {
+TEST(MidiOut, OpensOrFailsCleanlyAndIgnoresNotesOnceClosed) {
     const std::unique_ptr<MidiOut> out = makeMidiOut();
     const bool opened = out->open(50);
     EXPECT_EQ(out->isOpen(), opened);
     out->note(60);
-    out->note(36 + 9);
     out->close();
     EXPECT_FALSE(out->isOpen());
-    out->note(60);  // after close: ignored
+    out->note(60);
 }
 
 #ifndef _WIN32
@@ -43,8 +42,7 @@ float peak(const std::vector<float>& samples, double from, double to) {
 class KeyNoteRenderTest : public ::testing::Test {
 protected:
     void SetUp() override {
-        m_soundFont = findGeneralMidiSoundFont();
-        if (m_soundFont.empty()) {
+        if ((m_soundFont = findGeneralMidiSoundFont()).empty()) {
             GTEST_SKIP() << "no General MIDI sound font installed";
         }
     }
@@ -61,7 +59,6 @@ TEST_F(KeyNoteRenderTest, SoundsFromTheStrikeOnly) {
     ASSERT_EQ(piano.size(), 2u * kRate);
     EXPECT_LT(peak(piano, 0, 1), 1e-5f);  // the effects keep a tiny offset against denormals
     EXPECT_GT(peak(piano, 1, 1.2), 0.01f);
-
     EXPECT_TRUE(renderKeyNote({"/nonexistent/none.sf2", 0, 60, 0, kRate, kRate}).empty());
 }
 

@@ -3,13 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <fstream>
 #include <optional>
-#include <sstream>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "core/common/text_file.h"
 #include "fakes/temp_folder.h"
 
 namespace zv::platform {
@@ -17,76 +16,62 @@ namespace {
 
 #ifndef _WIN32
 
-// HOME in a folder of the test's own, XDG_DATA_HOME unset until a test sets it; both restored after.
+// HOME in a folder of the test's own and XDG_DATA_HOME as given (nullptr: unset); both restored after.
 class DataHome {
 public:
-    DataHome() {
-        save("XDG_DATA_HOME", m_xdg);
-        save("HOME", m_home);
+    explicit DataHome(const char* xdgBelowHome) {
+        for (const char* name : {"HOME", "XDG_DATA_HOME"}) {
+            const char* value = std::getenv(name);
+            m_saved.emplace_back(name, value != nullptr ? std::optional<std::string>(value) : std::nullopt);
+        }
         ::setenv("HOME", m_folder.path().c_str(), 1);
         ::unsetenv("XDG_DATA_HOME");
+        if (xdgBelowHome != nullptr) {
+            const std::string xdg =
+                xdgBelowHome[0] == '.' ? xdgBelowHome : (m_folder / xdgBelowHome).string();
+            ::setenv("XDG_DATA_HOME", xdg.c_str(), 1);
+        }
     }
     ~DataHome() {
-        restore("XDG_DATA_HOME", m_xdg);
-        restore("HOME", m_home);
+        for (const auto& [name, value] : m_saved) {
+            value ? ::setenv(name, value->c_str(), 1) : ::unsetenv(name);
+        }
     }
     DataHome(const DataHome&) = delete;
     DataHome& operator=(const DataHome&) = delete;
 
-    void setXdg(const std::string& value) const { ::setenv("XDG_DATA_HOME", value.c_str(), 1); }
     std::filesystem::path operator/(std::string_view name) const { return m_folder / name; }
 
 private:
-    static void save(const char* name, std::optional<std::string>& into) {
-        if (const char* value = std::getenv(name)) {
-            into = value;
-        }
-    }
-    static void restore(const char* name, const std::optional<std::string>& value) {
-        if (value) {
-            ::setenv(name, value->c_str(), 1);
-        } else {
-            ::unsetenv(name);
-        }
-    }
-
     fakes::TempFolder m_folder;
-    std::optional<std::string> m_xdg;
-    std::optional<std::string> m_home;
+    std::vector<std::pair<const char*, std::optional<std::string>>> m_saved;
 };
-
-std::string readAll(const std::filesystem::path& path) {
-    std::ifstream in(path, std::ios::binary);
-    std::ostringstream text;
-    text << in.rdbuf();
-    return text.str();
-}
 
 TEST(ProgramShortcut, GoesToTheUsersApplicationsFolder) {
     struct Case {
         const char* label;
-        const char* xdg;  // nullptr: unset; a name: that folder below HOME; "./...": as given
+        const char* xdg;  // below HOME; "./..." as given; nullptr: unset
         const char* expectedBelowHome;
+        bool created = true;
     };
     const Case cases[] = {
         {"XDG_DATA_HOME set", "xdg", "xdg/applications/zavrello.desktop"},
         {"XDG_DATA_HOME unset", nullptr, ".local/share/applications/zavrello.desktop"},
         {"relative XDG_DATA_HOME ignored", "./relative", ".local/share/applications/zavrello.desktop"},
+        {"a file where the folder should be", "file", "file/applications/zavrello.desktop", false},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.label);
-        const DataHome home;
-        if (c.xdg != nullptr) {
-            home.setXdg(c.xdg[0] == '.' ? std::string(c.xdg) : (home / c.xdg).string());
-        }
+        const DataHome home(c.xdg);
+        fakes::writeRaw(home / "file", "not a folder");
         const ShortcutResult result = createProgramShortcut("/opt/zavrello/zavrello", "/opt/zavrello");
-        EXPECT_TRUE(result.created);
+        EXPECT_EQ(result.created, c.created);
         EXPECT_EQ(result.where, (home / c.expectedBelowHome).string());
-        EXPECT_TRUE(std::filesystem::is_regular_file(home / c.expectedBelowHome));
+        EXPECT_EQ(std::filesystem::is_regular_file(home / c.expectedBelowHome), c.created);
     }
 }
 
-TEST(ProgramShortcut, EntryStartsTheProgramInItsFolder) {
+TEST(ProgramShortcut, EntryStartsTheProgramInItsFolderAndReplacesTheOneBefore) {
     struct Case {
         const char* label;
         const char* program;
@@ -103,45 +88,24 @@ TEST(ProgramShortcut, EntryStartsTheProgramInItsFolder) {
          "Path=/p\n"},
         {"backslash", "/p/a\\b", "/p\\q", "Exec=\"/p/a\\\\\\\\b\"\n", "Path=/p\\\\q\n"},
     };
+    const DataHome home("xdg");
     for (const Case& c : cases) {
         SCOPED_TRACE(c.label);
-        const DataHome home;
-        home.setXdg((home / "xdg").string());
         const ShortcutResult result = createProgramShortcut(c.program, c.folder);
         ASSERT_TRUE(result.created);
-        const std::string entry = readAll(result.where);
+        const std::string entry = common::readFileBytes(result.where).value_or("");
         EXPECT_EQ(entry.rfind("[Desktop Entry]\n", 0), 0u) << entry;
-        EXPECT_NE(entry.find("\nName=Zavrello\n"), std::string::npos) << entry;
-        EXPECT_NE(entry.find("\nType=Application\n"), std::string::npos) << entry;
-        EXPECT_NE(entry.find(c.execLine), std::string::npos) << entry;
-        EXPECT_NE(entry.find(c.pathLine), std::string::npos) << entry;
+        for (const std::string line : {"\nName=Zavrello\n", "\nType=Application\n", c.execLine, c.pathLine}) {
+            EXPECT_NE(entry.find(line), std::string::npos) << line << " in\n" << entry;
+        }
+        // Each run replaces the entry before it and leaves nothing else behind.
+        EXPECT_EQ(entry.find("[Desktop Entry]", 1), std::string::npos) << entry;
+        std::vector<std::filesystem::path> names;
+        for (const auto& file : std::filesystem::directory_iterator(home / "xdg" / "applications")) {
+            names.push_back(file.path().filename());
+        }
+        EXPECT_EQ(names, std::vector<std::filesystem::path>{"zavrello.desktop"});
     }
-}
-
-TEST(ProgramShortcut, RunningAgainReplacesTheEntry) {
-    const DataHome home;
-    home.setXdg((home / "xdg").string());
-    ASSERT_TRUE(createProgramShortcut("/old/zavrello", "/old").created);
-    const ShortcutResult result = createProgramShortcut("/new/zavrello", "/new");
-    ASSERT_TRUE(result.created);
-    const std::string entry = readAll(result.where);
-    EXPECT_NE(entry.find("Exec=\"/new/zavrello\"\n"), std::string::npos) << entry;
-    EXPECT_EQ(entry.find("/old"), std::string::npos) << entry;
-    // Only the entry is left behind: no temporary file.
-    std::vector<std::filesystem::path> names;
-    for (const auto& file : std::filesystem::directory_iterator(home / "xdg" / "applications")) {
-        names.push_back(file.path().filename());
-    }
-    EXPECT_EQ(names, std::vector<std::filesystem::path>{"zavrello.desktop"});
-}
-
-TEST(ProgramShortcut, ReportsAFolderThatCannotBeMade) {
-    const DataHome home;
-    fakes::writeRaw(home / "file", "not a folder");
-    home.setXdg((home / "file").string());
-    const ShortcutResult result = createProgramShortcut("/opt/zavrello/zavrello", "/opt/zavrello");
-    EXPECT_FALSE(result.created);
-    EXPECT_EQ(result.where, (home / "file" / "applications" / "zavrello.desktop").string());
 }
 
 #endif

@@ -2,9 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <string>
 
-#include "core/common/text_encoding.h"
+#include "core/calc/calculator.h"
 #include "core/common/text_file.h"
 #include "fakes/temp_folder.h"
 
@@ -23,48 +24,46 @@ const std::string kRecordCp1252 =
 
 TEST(BackupFile, AppendsInTheEncodingTheFileAlreadyHas) {
     TempFolder folder;
+    const fs::path path = folder / kBackupFileName;
     struct Case {
         const char* label;
-        const char* before;  // nullptr: no file
+        std::optional<std::string> before;  // nullopt: no file
         std::string after;
     };
     const Case cases[] = {
-        {"missing file is created in UTF-8", nullptr, kRecord},
+        {"missing file is created in UTF-8", std::nullopt, kRecord},
         {"plain ASCII file takes UTF-8", "    1,00 +\r\n", "    1,00 +\r\n" + kRecord},
         {"UTF-8 file stays UTF-8", "    1,00 ÷\r\n", "    1,00 ÷\r\n" + kRecord},
         {"Windows-1252 file stays Windows-1252", "    1,00 \xF7\r\n", "    1,00 \xF7\r\n" + kRecordCp1252},
+        {"and a second record goes after the first", "    1,00 \xF7\r\n" + kRecordCp1252,
+         "    1,00 \xF7\r\n" + kRecordCp1252 + kRecordCp1252},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.label);
-        const fs::path path = folder / kBackupFileName;
         fs::remove(path);
-        if (c.before != nullptr) {
-            writeRaw(path, c.before);
+        if (c.before) {
+            writeRaw(path, *c.before);
         }
-        BackupFile backup(path);
-        EXPECT_EQ(backup.append(kRecord), c.after.size());
+        EXPECT_EQ(BackupFile(path).append(kRecord), c.after.size());
         EXPECT_EQ(readFileBytes(path), c.after);
-        // Either way the whole file reads back as the same text.
-        EXPECT_TRUE(common::decodeTextFile(c.after).ends_with(kRecord));
     }
-    // A second record goes after the first, which is never rewritten.
-    BackupFile backup(folder / kBackupFileName);
-    EXPECT_EQ(backup.append(kRecord), 2 * kRecordCp1252.size() + 12);
-    EXPECT_EQ(readFileBytes(backup.path()), "    1,00 \xF7\r\n" + kRecordCp1252 + kRecordCp1252);
+    EXPECT_EQ(BackupFile(folder / "missing" / kBackupFileName).append(kRecord), std::nullopt);
 }
 
-TEST(BackupFile, ReportsTheSizeThatCrossesTheWarning) {
+TEST(BackupFile, ClearingWarnsOnceTheFileHoldsMoreThan3200000Bytes) {
     TempFolder folder;
     const fs::path path = folder / kBackupFileName;
-    writeRaw(path, std::string(kBackupWarningSize - 2, 'x'));
     BackupFile backup(path);
-    EXPECT_EQ(backup.append("y"), kBackupWarningSize - 1);
-    EXPECT_EQ(backup.append("z"), kBackupWarningSize);
-}
-
-TEST(BackupFile, FailsWhenTheFolderIsMissing) {
-    TempFolder folder;
-    EXPECT_FALSE(BackupFile(folder / "missing" / kBackupFileName).append(kRecord).has_value());
+    Calculator calc(common::Regional{}, {}, {nullptr, &backup});
+    for (const std::uintmax_t sizeAfter : {3'200'000u, 3'200'001u}) {
+        calc.type("5+");
+        const std::size_t record = backupRecord(calc.tape().text(), {}).size();
+        writeRaw(path, std::string(sizeAfter - record, 'x'));
+        const ClearReport report = calc.clearTape();
+        EXPECT_TRUE(report.backedUp);
+        EXPECT_EQ(report.backupTooLarge, sizeAfter > 3'200'000u) << sizeAfter;
+        EXPECT_EQ(fs::file_size(path), sizeAfter);
+    }
 }
 
 }  // namespace

@@ -23,7 +23,7 @@ TEST(ClipboardNumbers, CopiedTextIsReadAsAmountsProductsOrNothing) {
     const Case cases[] = {
         {"grouped amount", "1.234,56", Kind::Amounts, {1234.56}},
         {"accounting negative", " (1.234,56) ", Kind::Amounts, {-1234.56}},
-        {"space grouping", "1 234,5", Kind::Amounts, {1234.5}},
+        {"no-break space grouping", "1\u00A0234,5", Kind::Amounts, {1234.5}},
         {"spreadsheet column", "10\r\n2,5\r\n-1\r\n", Kind::Amounts, {10, 2.5, -1}},
         {"empty row inside a column", "1\n\n2\n", Kind::Amounts, {1, 2}},
         {"two columns", "2\t3,5\r\n10\t-1\r\n", Kind::Products, {7, -10}},

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -68,32 +69,33 @@ TEST(LoadTape, MissingFileIsAnEmptyTapeButAnUnreadableOneFails) {
     EXPECT_FALSE(loadTape(folder / "calc2.fita").has_value());
 }
 
-TEST(TapeFileOpen, MakesTheFileHoldTheTape) {
+TEST(TapeFileOpen, MakesTheFileHoldTheTapeAndLeavesAnIdenticalFileUntouched) {
     TempFolder folder;
     const fs::path path = folder / "calc.fita";
     const std::string tape = kPlus + kTimes;
-    // No file, another tape of the same size, the same text in Windows-1252 or with a stray line end.
-    for (const char* before :
-         {static_cast<const char*>(nullptr), "                  250,00 -\r\n                  250,00 ×\r\n",
-          "                  250,00 +\r\n                  250,00 \xD7\r\n",
-          "                  250,00 +\r\n                  250,00 ×\r\n\n"}) {
-        SCOPED_TRACE(before == nullptr ? "no file" : before);
+    const std::optional<std::string> befores[] = {
+        std::nullopt,
+        fakes::tapeLine("250,00", "-") + kTimes,    // another tape of the same size
+        kPlus + fakes::tapeLine("250,00", "\xD7"),  // the same text in Windows-1252
+        tape + "\n",                                // with a stray line end
+        tape,
+    };
+    for (const std::optional<std::string>& before : befores) {
+        SCOPED_TRACE(before.value_or("no file"));
         fs::remove(path);
-        if (before != nullptr) {
-            writeRaw(path, before);
+        if (before) {
+            writeRaw(path, *before);
+        }
+        const auto past = fs::file_time_type::clock::now() - std::chrono::hours(24);
+        if (before == tape) {
+            fs::last_write_time(path, past);
         }
         TapeFile file(path);
         EXPECT_TRUE(file.open(tape));
         EXPECT_TRUE(file.healthy());
         EXPECT_EQ(readFileBytes(path), tape);
+        EXPECT_EQ(fs::last_write_time(path) == past, before == tape);
     }
-
-    // An identical file is left untouched.
-    const auto past = fs::last_write_time(path) - std::chrono::hours(24);
-    fs::last_write_time(path, past);
-    ASSERT_TRUE(TapeFile(path).open(tape));
-    EXPECT_EQ(fs::last_write_time(path), past);
-
     TapeFile missingFolder(folder / "missing" / "calc.fita");
     EXPECT_FALSE(missingFolder.open(kPlus));
     EXPECT_FALSE(missingFolder.healthy());

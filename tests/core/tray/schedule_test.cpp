@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <initializer_list>
 #include <optional>
 #include <string>
 #include <vector>
@@ -14,85 +15,107 @@ constexpr int at(int h, int m, int s) {
 }
 
 constexpr int kT = at(10, 30, 0);
+// The user's actions, as steps between the seconds of a script.
+constexpr int kCloseMessage = -1;
+constexpr int kCancelAlarm = -2;
+constexpr int kCancelShutdown = -3;
 
-// One one-second step of both timers, as the tray window runs them: the watch, then the blink
-// while it runs. Marks per step: "a" alarm shown, "b" beep, "s" shut down, "." none of these.
-std::string step(Schedule& schedule, int now) {
-    std::string marks;
-    if (schedule.tickWatch(now)) {
-        marks += 'a';
-    }
-    if (schedule.blinkRunning()) {
-        const Schedule::TrayTick tick = schedule.tickBlink(now);
-        marks += tick.beep ? "b" : "";
-        marks += tick.shutdownNow ? "s" : "";
-    }
-    return marks.empty() ? "." : marks;
-}
+struct Script {
+    const char* label;
+    std::optional<int> alarm;
+    std::optional<int> shutdown;
+    std::vector<int> steps;  // a time of day (one second of both timers) or one of the user's actions
+    const char* marks;       // per second: "a" alarm shown, "b" beep, "s" shut down, "." none of these
+    const char* timersAfter = nullptr;  // "watch", "blink", "watch blink" or "none"; null: not checked
+};
 
-std::vector<std::string> run(Schedule& schedule, const std::vector<int>& samples) {
-    std::vector<std::string> marks;
-    for (int now : samples) {
-        marks.push_back(step(schedule, now));
+// Runs each script as the tray window runs the timers: each second the watch, then the blink while it runs.
+void check(std::initializer_list<Script> scripts) {
+    for (const Script& s : scripts) {
+        SCOPED_TRACE(s.label);
+        Schedule schedule;
+        if (s.alarm) {
+            schedule.scheduleAlarm(*s.alarm, "x");
+        }
+        if (s.shutdown) {
+            schedule.scheduleShutdown(*s.shutdown);
+        }
+        std::string marks;
+        for (const int step : s.steps) {
+            if (step == kCloseMessage) {
+                schedule.alarmMessageClosed();
+            } else if (step == kCancelAlarm) {
+                schedule.cancelAlarm();
+            } else if (step == kCancelShutdown) {
+                schedule.cancelShutdown();
+            } else {
+                std::string mark = schedule.tickWatch(step) ? "a" : "";
+                if (schedule.blinkRunning()) {
+                    const Schedule::TrayTick tick = schedule.tickBlink(step);
+                    mark += std::string(tick.beep ? "b" : "") + (tick.shutdownNow ? "s" : "");
+                }
+                marks += (marks.empty() ? "" : " ") + (mark.empty() ? "." : mark);
+            }
+        }
+        EXPECT_EQ(marks, s.marks);
+        if (s.timersAfter != nullptr) {
+            const std::string timers = std::string(schedule.watchRunning() ? "watch " : "") +
+                                       (schedule.blinkRunning() ? "blink " : "");
+            EXPECT_EQ(timers.empty() ? "none" : timers.substr(0, timers.size() - 1), s.timersAfter);
+        }
     }
-    return marks;
 }
 
 TEST(TimeOfDay, AcceptsHoursMinutesAndSecondsOnly) {
-    struct Case {
-        const char* label;
-        const char* text;
-        std::optional<int> seconds;
+    const std::pair<const char*, int> times[] = {
+        {"7", at(7, 0, 0)},
+        {"7:30", at(7, 30, 0)},
+        {" \t07:30:15 ", at(7, 30, 15)},
+        {"23:59:59", at(23, 59, 59)},
     };
-    const Case cases[] = {
-        {"hour only", "7", at(7, 0, 0)},
-        {"hour and minutes", "7:30", at(7, 30, 0)},
-        {"all three, blanks around", " \t07:30:15 ", at(7, 30, 15)},
-        {"last second", "23:59:59", at(23, 59, 59)},
-        {"hour 24", "24:00", std::nullopt},
-        {"minute 60", "7:60", std::nullopt},
-        {"one-digit minutes", "7:5", std::nullopt},
-        {"three-digit hour", "007:30", std::nullopt},
-        {"trailing colon", "7:", std::nullopt},
-        {"letters after", "7:30pm", std::nullopt},
-        {"empty", "  ", std::nullopt},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.label);
-        EXPECT_EQ(parseTimeOfDay(c.text), c.seconds);
+    for (const auto& [text, seconds] : times) {
+        EXPECT_EQ(parseTimeOfDay(text), seconds) << text;
     }
-}
-
-TEST(TimeOfDay, FormatsAsTwoDigitFields) {
+    for (const char* text : {"24:00", "7:60", "7:5", "007:30", "7:", "7:30pm", "  "}) {
+        EXPECT_EQ(parseTimeOfDay(text), std::nullopt) << text;
+    }
     EXPECT_EQ(formatTimeOfDay(at(7, 5, 9)), "07:05:09");
-    EXPECT_EQ(formatTimeOfDay(at(23, 59, 59)), "23:59:59");
 }
 
 TEST(Alarm, FiresOnlyInTheFiveSecondsAfterItsTime) {
-    struct Case {
-        const char* label;
-        int alarm;
-        std::vector<int> samples;
-        std::vector<std::string> marks;
-    };
-    const Case cases[] = {
-        {"at its time", kT, {kT}, {"."}},
-        {"first second after", kT, {kT + 1}, {"ab"}},
-        {"last second of the window", kT, {kT + 4}, {"ab"}},
-        {"five seconds after", kT, {kT + 5}, {"."}},
-        {"shown once while its message is open", kT, {kT + 1, kT + 2}, {"ab", "b"}},
-        {"missed when not sampled, kept for the next day", kT, {kT - 1, kT + 5, kT + 1}, {".", ".", "ab"}},
-        {"already past, waits for the next day", kT, {kT + 3600, kT + 2}, {".", "ab"}},
-        {"across midnight", at(23, 59, 58), {at(0, 0, 1)}, {"ab"}},
-        {"across midnight, too late", at(23, 59, 58), {at(0, 0, 3)}, {"."}},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.label);
-        Schedule schedule;
-        schedule.scheduleAlarm(c.alarm, "x");
-        EXPECT_EQ(run(schedule, c.samples), c.marks);
-        EXPECT_TRUE(schedule.alarmScheduled());
-    }
+    check({
+        {"at its time", kT, {}, {kT}, ".", "watch"},
+        {"first second after", kT, {}, {kT + 1}, "ab"},
+        {"last second of the window", kT, {}, {kT + 4}, "ab"},
+        {"five seconds after", kT, {}, {kT + 5}, "."},
+        {"shown once while its message is open", kT, {}, {kT + 1, kT + 2}, "ab b", "watch blink"},
+        {"missed when not sampled, kept for the next day", kT, {}, {kT - 1, kT + 5, kT + 1}, ". . ab"},
+        {"already past, waits for the next day", kT, {}, {kT + 3600, kT + 2}, ". ab"},
+        {"across midnight", at(23, 59, 58), {}, {at(0, 0, 1)}, "ab"},
+        {"across midnight, too late", at(23, 59, 58), {}, {at(0, 0, 3)}, "."},
+    });
+}
+
+TEST(Shutdown, BeepsTwentySecondsBeforeAndShutsDownInTheFiveAfter) {
+    check({
+        {"warning starts at nineteen seconds before", {}, kT, {kT - 20, kT - 19}, ". b"},
+        {"not at its time, then at once", {}, kT, {kT - 1, kT, kT + 1}, "b b bs"},
+        {"last second of the window", {}, kT, {kT + 4}, "bs"},
+        {"window missed", {}, kT, {kT + 5}, "."},
+        {"across midnight", {}, at(0, 0, 2), {at(23, 59, 50), at(0, 0, 3)}, "b bs"},
+        {"together with an alarm", kT, kT, {kT + 1}, "abs"},
+    });
+}
+
+TEST(Schedule, ClosingTheMessageOrCancellingEndsTheEvent) {
+    check({
+        {"alarm message closed", kT, {}, {kT + 1, kCloseMessage, kT + 2}, "ab .", "none"},
+        // The alarm beeps on after the shutdown is cancelled, until its message closes.
+        {"both", kT, kT + 3600, {kT + 1, kCancelShutdown, kT + 2, kCloseMessage, kT + 3}, "ab b .", "none"},
+        {"alarm cancelled", kT, {}, {kCancelAlarm, kT + 1, kT + 2}, ". .", "none"},
+        {"shutdown cancelled", {}, kT, {kCancelShutdown, kT + 1}, ".", "none"},
+        {"shutdown cancelled during its warning", {}, kT, {kT - 10, kCancelShutdown, kT + 1}, "b .", "none"},
+    });
 }
 
 TEST(Alarm, KeepsItsReasonInUpperCase) {
@@ -101,98 +124,14 @@ TEST(Alarm, KeepsItsReasonInUpperCase) {
     EXPECT_EQ(schedule.alarmReason(), "LIGAR PARA A CONCEIÇÃO ÀS 3");
 }
 
-TEST(Alarm, BlinksUntilItsMessageIsClosed) {
+TEST(Alarm, BlinksUntilItsMessageIsClosedAndEndsOnTheNormalIcon) {
     Schedule schedule;
     schedule.scheduleAlarm(kT, "x");
     ASSERT_TRUE(schedule.tickWatch(kT + 1));
-    std::vector<int> icons;
-    for (int now = kT + 1; now < kT + 3; ++now) {
-        icons.push_back(schedule.tickBlink(now).icon);
-    }
-    EXPECT_EQ(icons, (std::vector<int>{2, 0}));
-
+    EXPECT_EQ(schedule.tickBlink(kT + 1).icon, 2);
+    EXPECT_EQ(schedule.tickBlink(kT + 2).icon, 0);
     schedule.alarmMessageClosed();
-    const Schedule::TrayTick last = schedule.tickBlink(kT + 3);
-    EXPECT_FALSE(last.beep);
-    EXPECT_EQ(last.icon, 0);
-    EXPECT_FALSE(schedule.blinkRunning());
-    EXPECT_FALSE(schedule.alarmScheduled());
-    EXPECT_FALSE(schedule.watchRunning());
-}
-
-TEST(Shutdown, BeepsTwentySecondsBeforeAndShutsDownInTheFiveAfter) {
-    struct Case {
-        const char* label;
-        int shutdown;
-        std::vector<int> samples;
-        std::vector<std::string> marks;
-    };
-    const Case cases[] = {
-        {"warning starts at nineteen seconds before", kT, {kT - 20, kT - 19}, {".", "b"}},
-        {"not at its time, then at once", kT, {kT - 1, kT, kT + 1}, {"b", "b", "bs"}},
-        {"last second of the window", kT, {kT + 4}, {"bs"}},
-        {"window missed", kT, {kT + 5}, {"."}},
-        {"across midnight", at(0, 0, 2), {at(23, 59, 50), at(0, 0, 3)}, {"b", "bs"}},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.label);
-        Schedule schedule;
-        schedule.scheduleShutdown(c.shutdown);
-        EXPECT_EQ(run(schedule, c.samples), c.marks);
-    }
-}
-
-TEST(Schedule, AlarmAndShutdownRunTogether) {
-    {
-        SCOPED_TRACE("same time");
-        Schedule schedule;
-        schedule.scheduleAlarm(kT, "x");
-        schedule.scheduleShutdown(kT);
-        EXPECT_EQ(step(schedule, kT + 1), "abs");
-    }
-    {
-        SCOPED_TRACE("alarm beeps on after the shutdown is cancelled, until its message closes");
-        Schedule schedule;
-        schedule.scheduleAlarm(kT, "x");
-        schedule.scheduleShutdown(kT + 3600);
-        EXPECT_EQ(step(schedule, kT + 1), "ab");
-        schedule.cancelShutdown();
-        EXPECT_EQ(step(schedule, kT + 2), "b");
-        schedule.alarmMessageClosed();
-        EXPECT_EQ(step(schedule, kT + 3), ".");
-        EXPECT_FALSE(schedule.blinkRunning());
-    }
-}
-
-TEST(Schedule, CancellingStopsTheEvent) {
-    struct Case {
-        const char* label;
-        bool alarm;
-        std::vector<int> samplesBeforeCancel;
-    };
-    const Case cases[] = {
-        {"alarm", true, {}},
-        {"shutdown", false, {}},
-        {"shutdown during its warning", false, {kT - 10}},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.label);
-        Schedule schedule;
-        if (c.alarm) {
-            schedule.scheduleAlarm(kT, "x");
-        } else {
-            schedule.scheduleShutdown(kT);
-        }
-        run(schedule, c.samplesBeforeCancel);
-        if (c.alarm) {
-            schedule.cancelAlarm();
-        } else {
-            schedule.cancelShutdown();
-        }
-        EXPECT_FALSE(schedule.watchRunning());
-        EXPECT_EQ(run(schedule, {kT + 1, kT + 2}), (std::vector<std::string>{".", "."}));
-        EXPECT_FALSE(schedule.blinkRunning());
-    }
+    EXPECT_EQ(schedule.tickBlink(kT + 3).icon, 0);
 }
 
 }  // namespace
