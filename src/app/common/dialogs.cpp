@@ -2,6 +2,7 @@
 
 #include "app/common/open_document.h"
 #include "app/common/ui_language.h"
+#include "core/common/text_table.h"
 
 #include <QFileDialog>
 #include <QInputDialog>
@@ -11,21 +12,13 @@
 #include <QPrinter>
 #include <QPushButton>
 #include <QUrl>
-#include <algorithm>
 
 namespace zv::app {
 namespace {
 
-// The words of the question box's buttons. They belong with the interface texts; until the text
-// table holds them they are kept here, in the same three languages.
 QString buttonWord(common::Language language, Dialogs::Answer answer) {
-    static const char* const kWords[3][3] = {
-        {"&Sim", "&Não", "&Cancelar"},
-        {"&Yes", "&No", "&Cancel"},
-        {"&Sí", "&No", "&Cancelar"},
-    };
-    const int row = std::clamp(static_cast<int>(language) - 1, 0, 2);
-    return QString::fromUtf8(kWords[row][static_cast<int>(answer)]);
+    constexpr int kCodes[] = {common::txt::kButtonYes, common::txt::kButtonNo, common::txt::kButtonCancel};
+    return QString::fromStdString(common::GetText(language, kCodes[static_cast<int>(answer)]));
 }
 
 }  // namespace

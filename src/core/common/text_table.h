@@ -130,6 +130,9 @@ inline constexpr int kPortFailed = 242;  // with the port and the device
 inline constexpr int kBackspaceName = 243;
 inline constexpr int kShortcutCreated = 244;  // with where it went
 inline constexpr int kShortcutFailed = 245;
+inline constexpr int kButtonYes = 246;  // the question box's buttons
+inline constexpr int kButtonNo = 247;
+inline constexpr int kButtonCancel = 248;
 }  // namespace txt
 
 }  // namespace zv::common
