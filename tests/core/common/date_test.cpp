@@ -24,17 +24,12 @@ std::string printed(const char* pattern, const Date& date) {
     return text;
 }
 
-// A day as the rows write it: "2024-02-29", or "none".
+// A day as the rows write it: "29/02/2024", or "none".
 std::string shown(const std::optional<Date>& date) {
-    char text[40] = "none";
-    if (date) {
-        std::snprintf(text, sizeof text, "%04d-%02u-%02u", static_cast<int>(date->year()),
-                      static_cast<unsigned>(date->month()), static_cast<unsigned>(date->day()));
-    }
-    return text;
+    return date ? printed("%02u/%02u/%04d", *date) : "none";
 }
 
-// What parseDate makes of `text`: the day as above, or the name of its error.
+// What parseDate makes of `text`: the day as the rows write it, or the name of its error.
 std::string parsed(const std::string& text) {
     constexpr const char* kErrors[] = {"Empty", "Shape", "Year", "Month", "Day"};
     const auto got = parseDate(text);
@@ -78,11 +73,11 @@ TEST(Date, WritesAndReadsEveryDayDayFirst) {
 
 TEST(Date, ReadsOnlyRealDaysAndSaysWhyNot) {
     expectRows({
-        {"leap day of a leap year", parsed("29/02/2024"), "2024-02-29"},
-        {"leap day of a century divisible by 400", parsed("29/02/2000"), "2000-02-29"},
-        {"blanks around", parsed("  5/06/2007\t"), "2007-06-05"},
-        {"the first day", parsed("01/01/0001"), "0001-01-01"},
-        {"the last day", parsed("31/12/9999"), "9999-12-31"},
+        {"leap day of a leap year", parsed("29/02/2024"), "29/02/2024"},
+        {"leap day of a century divisible by 400", parsed("29/02/2000"), "29/02/2000"},
+        {"blanks around", parsed("  5/06/2007\t"), "05/06/2007"},
+        {"the first day", parsed("01/01/0001"), "01/01/0001"},
+        {"the last day", parsed("31/12/9999"), "31/12/9999"},
         {"blanks", parsed("   "), "Empty"},
         {"29 February of a century not divisible by 400", parsed("29/02/2100"), "Day"},
         {"month 0", parsed("10/00/2026"), "Month"},
@@ -100,11 +95,11 @@ TEST(Date, ReadsOnlyRealDaysAndSaysWhyNot) {
 }
 
 TEST(Date, WritesEachOrderWithItsSeparator) {
+    const Date day = ymd(2007, 6, 5);
     expectRows({
-        {"month first", formatDate(ymd(2007, 6, 5), DateOrder::MonthDayYear, "/"), "06/05/2007"},
-        {"year first", formatDate(ymd(2007, 6, 5), DateOrder::YearMonthDay, "-"), "2007-06-05"},
-        {"two-character separator", formatDate(ymd(2007, 6, 5), DateOrder::DayMonthYear, ". "),
-         "05. 06. 2007"},
+        {"month first", formatDate(day, DateOrder::MonthDayYear, "/"), "06/05/2007"},
+        {"year first", formatDate(day, DateOrder::YearMonthDay, "-"), "2007-06-05"},
+        {"two-character separator", formatDate(day, DateOrder::DayMonthYear, ". "), "05. 06. 2007"},
     });
 }
 
@@ -131,9 +126,9 @@ TEST(Date, AYearIsLeapWhenItHasA29February) {
 TEST(Date, AddsDaysWithinTheFourDigitYears) {
     auto later = [](const Date& from, long long days) { return shown(addDays(from, days)); };
     expectRows({
-        {"a million days from the first day", later(ymd(1, 1, 1), 1000000), "2738-11-29"},
-        {"to the last day", later(ymd(9999, 12, 30), 1), "9999-12-31"},
-        {"back to the first day", later(ymd(1, 1, 2), -1), "0001-01-01"},
+        {"a million days from the first day", later(ymd(1, 1, 1), 1000000), "29/11/2738"},
+        {"to the last day", later(ymd(9999, 12, 30), 1), "31/12/9999"},
+        {"back to the first day", later(ymd(1, 1, 2), -1), "01/01/0001"},
         {"past the last day", later(ymd(9999, 12, 31), 1), "none"},
         {"before the first day", later(ymd(1, 1, 1), -1), "none"},
         {"the largest count", later(ymd(2026, 1, 1), LLONG_MAX), "none"},
@@ -153,13 +148,13 @@ TEST(Date, DaysBetweenIsWhatAddDaysAdds) {
 TEST(Date, AddsCalendarMonthsKeepingToTheMonthsLastDay) {
     auto later = [](const Date& from, int months) { return shown(addMonths(from, months)); };
     expectRows({
-        {"31 January to a common February", later(ymd(2026, 1, 31), 1), "2026-02-28"},
-        {"31 January to a leap February", later(ymd(2024, 1, 31), 1), "2024-02-29"},
-        {"over the year's end", later(ymd(2026, 11, 30), 2), "2027-01-30"},
-        {"back over the year's start", later(ymd(2026, 1, 31), -2), "2025-11-30"},
-        {"a leap day four years later", later(ymd(2024, 2, 29), 48), "2028-02-29"},
-        {"to the last month", later(ymd(9999, 11, 30), 1), "9999-12-30"},
-        {"back to the first month", later(ymd(1, 2, 28), -1), "0001-01-28"},
+        {"31 January to a common February", later(ymd(2026, 1, 31), 1), "28/02/2026"},
+        {"31 January to a leap February", later(ymd(2024, 1, 31), 1), "29/02/2024"},
+        {"over the year's end", later(ymd(2026, 11, 30), 2), "30/01/2027"},
+        {"back over the year's start", later(ymd(2026, 1, 31), -2), "30/11/2025"},
+        {"a leap day four years later", later(ymd(2024, 2, 29), 48), "29/02/2028"},
+        {"to the last month", later(ymd(9999, 11, 30), 1), "30/12/9999"},
+        {"back to the first month", later(ymd(1, 2, 28), -1), "28/01/0001"},
         {"past the last month", later(ymd(9999, 12, 1), 1), "none"},
         {"before the first month", later(ymd(1, 1, 1), -1), "none"},
         {"the largest count", later(ymd(2026, 1, 1), INT_MAX), "none"},
@@ -184,7 +179,7 @@ TEST(Date, CountsTheLeapDaysASpanPassesThrough) {
 TEST(Date, ClockReadingsBecomeDaysOnlyWhenReal) {
     auto day = [](int y, int m, int d) { return shown(dateOf(DateTime{y, m, d})); };
     expectRows({
-        {"a real day", shown(dateOf(DateTime{2026, 11, 21, 14, 5, 9})), "2026-11-21"},
+        {"a real day", shown(dateOf(DateTime{2026, 11, 21, 14, 5, 9})), "21/11/2026"},
         {"31 February", day(2026, 2, 31), "none"},
         {"a month that wraps to January as a byte", day(2026, 257, 1), "none"},
         {"a negative month", day(2026, -255, 1), "none"},
