@@ -105,43 +105,37 @@ private slots:
     void questionButtonsSpeakTheLanguageAndCancelIsAnAnswer() {
         using B = app::Dialogs::Buttons;
         using A = app::Dialogs::Answer;
+        using M = QMessageBox;
         struct Case {
             const char* label;
             L language;
             B buttons;
             QStringList words;
-            int press;  // the button pressed, or -1 for Esc
+            M::StandardButton press;  // NoButton: Esc
             A answer;
         };
         const Case cases[] = {
-            {"Portuguese, yes", L::Portuguese, B::YesNo, {"&Sim", "&Não"}, 0, A::Yes},
-            {"English, cancel", L::English, B::YesNoCancel, {"&Yes", "&No", "&Cancel"}, 2, A::Cancel},
-            {"Spanish, no", L::Spanish, B::YesNoCancel, {"&Sí", "&No", "&Cancelar"}, 1, A::No},
-            {"Esc, cancel offered",
-             L::Portuguese,
-             B::YesNoCancel,
-             {"&Sim", "&Não", "&Cancelar"},
-             -1,
-             A::Cancel},
-            {"Esc without cancel", L::English, B::YesNo, {"&Yes", "&No"}, -1, A::No},
+            {"Portuguese, yes", L::Portuguese, B::YesNo, {"&Sim", "&Não"}, M::Yes, A::Yes},
+            {"English, cancel", L::English, B::YesNoCancel, {"&Yes", "&No", "&Cancel"}, M::Cancel, A::Cancel},
+            {"Spanish, no", L::Spanish, B::YesNoCancel, {"&Sí", "&No", "&Cancelar"}, M::No, A::No},
+            {"Esc", L::Portuguese, B::YesNoCancel, {"&Sim", "&Não", "&Cancelar"}, M::NoButton, A::Cancel},
+            {"Esc, no cancel button", L::English, B::YesNo, {"&Yes", "&No"}, M::NoButton, A::No},
         };
-        const QMessageBox::StandardButton standards[] = {QMessageBox::Yes, QMessageBox::No,
-                                                         QMessageBox::Cancel};
         for (const Case& c : cases) {
             m_s->language.set(c.language);
             QStringList shown;
             QTimer::singleShot(0, this, [&] {
-                auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+                auto* box = qobject_cast<M*>(QApplication::activeModalWidget());
                 QVERIFY(box != nullptr);
-                for (const QMessageBox::StandardButton standard : standards) {
+                for (const M::StandardButton standard : {M::Yes, M::No, M::Cancel}) {
                     if (QAbstractButton* button = box->button(standard)) {
                         shown << button->text();
                     }
                 }
-                if (c.press < 0) {
+                if (c.press == M::NoButton) {
                     QTest::keyClick(box, Qt::Key_Escape);
                 } else {
-                    box->button(standards[c.press])->click();
+                    box->button(c.press)->click();
                 }
             });
             const A answer = app::DesktopDialogs(m_s->language).question(m_owner.get(), u"?"_s, c.buttons);
