@@ -86,6 +86,7 @@ private slots:
         QVERIFY(!tray->schedule().shutdownScheduled());
         // Choosing a scheduled item again cancels it.
         choose(*tray, "mnuDesligar", {u"18:30"_s});
+        QCOMPARE(m_s->dialogs.messages.last(), pt(txt::kConfirmShutdown, "18:30"));
         QVERIFY(action(*tray, "mnuDesligar")->isChecked());
         action(*tray, "mnuDesligar")->trigger();
         QVERIFY(!action(*tray, "mnuDesligar")->isChecked());

@@ -1,6 +1,5 @@
 #include "app/tray/logind_power_off.h"
 
-#include <QDBusConnectionInterface>
 #include <QDBusContext>
 #include <QProcess>
 #include <QStandardPaths>
@@ -10,8 +9,6 @@
 
 namespace zv::app {
 namespace {
-
-const QString kLogind = QStringLiteral("org.freedesktop.login1");
 
 // Stands in for the login manager on a private bus. It only hears a call with the right path,
 // interface, method and one boolean argument, and answers on a thread of its own because the
@@ -59,6 +56,7 @@ private slots:
         QDBusConnection logind = QDBusConnection::connectToBus(m_address, QStringLiteral("logind-side"));
         QVERIFY(logind.registerObject(QStringLiteral("/org/freedesktop/login1"), &m_fake,
                                       QDBusConnection::ExportAllSlots));
+        QVERIFY(logind.registerService(QStringLiteral("org.freedesktop.login1")));
     }
 
     void cleanupTestCase() {
@@ -71,27 +69,21 @@ private slots:
     }
 
     void asksTheLoginManager_data() {
-        QTest::addColumn<bool>("present");
         QTest::addColumn<bool>("refuses");
         QTest::addColumn<bool>("accepted");
-        QTest::newRow("logind accepts") << true << false << true;
-        QTest::newRow("logind refuses") << true << true << false;
-        QTest::newRow("no logind on the bus") << false << false << false;
+        QTest::newRow("logind accepts") << false << true;
+        QTest::newRow("logind refuses") << true << false;
     }
     void asksTheLoginManager() {
-        QFETCH(bool, present);
         QFETCH(bool, refuses);
         QFETCH(bool, accepted);
-        QDBusConnection logind(QStringLiteral("logind-side"));
-        QVERIFY(!present || logind.registerService(kLogind));
         m_fake.calls = 0;
         m_fake.interactive = false;
         m_fake.refuse = refuses;
         LogindPowerOff powerOff(QDBusConnection::connectToBus(m_address, QStringLiteral("caller")));
         QCOMPARE(powerOff.powerOff(), accepted);
-        QCOMPARE(m_fake.calls.load(), present ? 1 : 0);
-        QCOMPARE(m_fake.interactive.load(), present);
-        QVERIFY(!present || logind.unregisterService(kLogind));
+        QCOMPARE(m_fake.calls.load(), 1);
+        QVERIFY(m_fake.interactive.load());
     }
 
     void failsWithoutABus() {

@@ -1,16 +1,15 @@
 // What every tool window gets from the kit, checked on a small window of the test's own, and the
 // question box's buttons.
+#include <QAbstractButton>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
-#include <QPushButton>
 #include <QScreen>
 #include <QTimer>
 #include <QVBoxLayout>
 #include <QtTest>
 
 #include "app/calc/frm_calcula.h"
-#include "app/calc/tape_view.h"
 #include "app/common/tool_window.h"
 #include "app/window_services.h"
 

