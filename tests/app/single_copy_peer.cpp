@@ -1,5 +1,5 @@
-// A second process for the single-copy tests: "send NAME MESSAGE" hands a message to the running
-// copy (exit 0, or 3 when there is none); "listen NAME" becomes the running copy and waits to be
+// The second process of the single-copy tests: "send NAME MESSAGE" hands a message to the running
+// copy (exit 0, or 3 when there is none); "listen NAME" becomes the running copy until it is
 // killed, leaving its channel behind as a crashed copy does.
 #include <QCoreApplication>
 #include <cstdio>
@@ -12,14 +12,11 @@ int main(int argc, char** argv) {
     if (args.size() == 4 && args[1] == QLatin1String("send")) {
         return zv::app::SingleCopy::send(args[2], args[3].toUtf8()) ? 0 : 3;
     }
-    if (args.size() == 3 && args[1] == QLatin1String("listen")) {
-        zv::app::SingleCopy copy(args[2]);
-        if (!copy.listen()) {
-            return 4;
-        }
-        std::puts("listening");
-        std::fflush(stdout);
-        return app.exec();
+    zv::app::SingleCopy copy(args.value(2));
+    if (args.size() != 3 || args[1] != QLatin1String("listen") || !copy.listen()) {
+        return 2;
     }
-    return 2;
+    std::puts("listening");
+    std::fflush(stdout);
+    return app.exec();
 }

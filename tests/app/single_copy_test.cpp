@@ -7,6 +7,7 @@
 #include "app/tray/single_copy.h"
 
 using zv::app::SingleCopy;
+using namespace Qt::StringLiterals;
 
 class SingleCopyTest : public QObject {
     Q_OBJECT
@@ -14,74 +15,52 @@ class SingleCopyTest : public QObject {
     QTemporaryDir m_dir;
     QString m_name;
 
-    int peer(const QStringList& args) {
-        QProcess process;
-        process.start(QStringLiteral(ZV_PEER), args);
-        if (!process.waitForFinished(10000)) {
-            process.kill();
-            return -1;
-        }
-        return process.exitCode();
-    }
-
 private slots:
-    void init() { m_name = m_dir.filePath(QStringLiteral("Stiopreig")); }
+    void init() { m_name = m_dir.filePath(u"Stiopreig"_s); }
 
-    void secondCopyHandsOverAndEnds() {
+    void messageFromASecondCopy_data() {
+        QTest::addColumn<QString>("message");
+        QTest::addColumn<int>("shows");
+        QTest::addColumn<int>("closes");
+        QTest::newRow("show, with the time it was asked") << u"max14:05:09"_s << 1 << 0;
+        QTest::newRow("close") << u"fechar"_s << 0 << 1;
+        QTest::newRow("close with more after it") << u"fechar now"_s << 0 << 0;
+        QTest::newRow("show in capitals") << u"MAX"_s << 0 << 0;
+        QTest::newRow("longer than a message") << QString(300, u'm') << 0 << 0;
+    }
+    void messageFromASecondCopy() {
+        QFETCH(QString, message);
+        QFETCH(int, shows);
+        QFETCH(int, closes);
         SingleCopy first(m_name);
         QVERIFY(first.listen());
         QSignalSpy shown(&first, &SingleCopy::showRequested);
         QSignalSpy closed(&first, &SingleCopy::closeRequested);
         QProcess second;
-        second.start(QStringLiteral(ZV_PEER),
-                     {QStringLiteral("send"), m_name, QStringLiteral("max14:05:09")});
-        QTRY_COMPARE(shown.count(), 1);
-        QTRY_COMPARE(second.state(), QProcess::NotRunning);
+        second.start(QStringLiteral(ZV_PEER), {u"send"_s, m_name, message});
+        QTRY_COMPARE_WITH_TIMEOUT(second.state(), QProcess::NotRunning, 10000);
         QCOMPARE(second.exitCode(), 0);
-        QCOMPARE(closed.count(), 0);
-        // A second copy cannot take the channel while the first runs.
-        SingleCopy another(m_name);
-        QVERIFY(!another.listen());
+        QCOMPARE(shown.count(), shows);
+        QCOMPARE(closed.count(), closes);
     }
 
-    void fecharClosesTheRunningCopy() {
-        SingleCopy first(m_name);
-        QVERIFY(first.listen());
-        QSignalSpy closed(&first, &SingleCopy::closeRequested);
-        QProcess second;
-        second.start(QStringLiteral(ZV_PEER), {QStringLiteral("send"), m_name, QStringLiteral("fechar")});
-        QTRY_COMPARE(closed.count(), 1);
-        QTRY_COMPARE(second.state(), QProcess::NotRunning);
-    }
-
-    void foreignMessagesAreIgnored() {
-        SingleCopy first(m_name);
-        QVERIFY(first.listen());
-        QSignalSpy shown(&first, &SingleCopy::showRequested);
-        QSignalSpy closed(&first, &SingleCopy::closeRequested);
-        for (const QString& message : {QStringLiteral("hello"), QStringLiteral("fechar now"),
-                                       QStringLiteral("MAX"), QString(300, QLatin1Char('m'))}) {
-            QProcess other;
-            other.start(QStringLiteral(ZV_PEER), {QStringLiteral("send"), m_name, message});
-            QVERIFY(other.waitForFinished(5000));
-        }
-        QTest::qWait(50);
-        QCOMPARE(shown.count(), 0);
-        QCOMPARE(closed.count(), 0);
-    }
-
-    void staleChannelOfACrashedCopyIsTakenOver() {
-        QProcess crashed;
-        crashed.start(QStringLiteral(ZV_PEER), {QStringLiteral("listen"), m_name});
-        QVERIFY(crashed.waitForReadyRead(5000));
-        crashed.kill();  // SIGKILL: the socket file stays behind
-        QVERIFY(crashed.waitForFinished(5000));
+    void channelIsTakenOverOnlyFromAnEndedCopy() {
+        QProcess running;
+        running.start(QStringLiteral(ZV_PEER), {u"listen"_s, m_name});
+        QVERIFY(running.waitForReadyRead(5000));
+        QVERIFY(!SingleCopy(m_name).listen());
+        running.kill();  // SIGKILL: the socket file stays behind
+        QVERIFY(running.waitForFinished(5000));
         QVERIFY(QFile::exists(m_name));
-        SingleCopy next(m_name);
-        QVERIFY(next.listen());
+        QVERIFY(SingleCopy(m_name).listen());
     }
 
-    void nobodyToHandOverTo() { QCOMPARE(peer({QStringLiteral("send"), m_name, QStringLiteral("max")}), 3); }
+    void nobodyToHandOverTo() {
+        QProcess second;
+        second.start(QStringLiteral(ZV_PEER), {u"send"_s, m_name, u"max"_s});
+        QVERIFY(second.waitForFinished(10000));
+        QCOMPARE(second.exitCode(), 3);
+    }
 };
 
 QTEST_MAIN(SingleCopyTest)

