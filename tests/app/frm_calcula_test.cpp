@@ -6,6 +6,7 @@
 #include <QMenu>
 #include <QProcess>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QtTest>
 
 #include "app/calc/frm_calcula.h"
@@ -207,8 +208,9 @@ private slots:
     void amountInWordsGoesToTheClipboard() {
         type(u"1234"_s);
         trigger("mnuExtenso");
-        QCOMPARE(QGuiApplication::clipboard()->text(), u"(UM MIL E DUZENTOS E TRINTA E QUATRO REAIS)"_s);
-        QVERIFY(messages().last().startsWith(u"$ 1.234,00\n"_s));
+        const QString copied = u"$ 1.234,00 (UM MIL E DUZENTOS E TRINTA E QUATRO REAIS)"_s;
+        QCOMPARE(QGuiApplication::clipboard()->text(), copied);
+        QVERIFY(messages().last().startsWith(copied + u"\n"_s));
         QTest::keyClick(m_w.get(), Qt::Key_Delete);
         trigger("mnuExtenso");
         QCOMPARE(messages().last(), pt(txt::kWordsInvalid));
@@ -219,9 +221,16 @@ private slots:
         m_s->dialogs.pdfPath = m_s->data.filePath(u"tape.pdf"_s);
         trigger("mnuImprimir1");
         QProcess text;
-        text.start(u"pdftotext"_s, {u"-layout"_s, m_s->dialogs.pdfPath, u"-"_s});
+        text.start(u"pdftotext"_s, {u"-bbox"_s, m_s->dialogs.pdfPath, u"-"_s});
         QVERIFY(text.waitForFinished(10000));
-        QVERIFY(QString::fromUtf8(text.readAllStandardOutput()).contains(u"50,00 T"_s));
+        const QString words = QString::fromUtf8(text.readAllStandardOutput());
+        QVERIFY(words.contains(u">50,00</word>"_s) && words.contains(u">21/11/2026</word>"_s));
+        QVERIFY(words.contains(u">Página</word>"_s) && words.contains(u">1</word>"_s));
+        // Clear of the paper's edges by 10 mm (28.3 points) at least, wherever the printer allows less.
+        for (const auto& m :
+             QRegularExpression(u"xMin=\"([\\d.]+)\" yMin=\"([\\d.]+)\""_s).globalMatch(words)) {
+            QVERIFY(m.captured(1).toDouble() > 28 && m.captured(2).toDouble() > 28);
+        }
         QCOMPARE(messages(), QStringList());
     }
 

@@ -1,4 +1,6 @@
 #include <QPageLayout>
+#include <QPainter>
+#include <QPrintPreviewWidget>
 #include <QPrinter>
 #include <QProcess>
 #include <QRegularExpression>
@@ -6,8 +8,10 @@
 #include <QtTest>
 
 #include "app/calc/tape_printer.h"
+#include "app/common/print_preview.h"
 
 using zv::app::PrintSize;
+using zv::app::TapePages;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -17,14 +21,32 @@ const QStringList kLines = {u"21/11/2026 =============="_s,  u"                1
                             u"                  246,00 T"_s, u" ========================="_s};
 constexpr qreal kMm = 72 / 25.4;  // points
 
-// Prints the lines to a PDF on A4 with margins of 30 mm left, 20 mm top and 15 mm bottom.
-bool printToPdf(const QString& path, const QStringList& lines, PrintSize size) {
-    QPrinter printer;
+TapePages pagesOf(const QStringList& lines, PrintSize size) {
+    return TapePages(lines.join(u"\r\n"_s) + u"\r\n"_s, size, u"21/11/2026"_s,
+                     [](int page, int count) { return u"Pg %1/%2"_s.arg(page).arg(count); });
+}
+
+// A PDF printer on A4 with margins of 30 mm left, 20 mm top and 15 mm bottom.
+void toPdf(QPrinter& printer, const QString& path) {
     printer.setOutputFormat(QPrinter::PdfFormat);
     printer.setOutputFileName(path);
     printer.setPageLayout(QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Portrait,
                                       QMarginsF(30, 20, 10, 15), QPageLayout::Millimeter));
-    return zv::app::printTape(printer, lines.join(u"\r\n"_s) + u"\r\n"_s, size);
+}
+
+bool printToPdf(const QString& path, const QStringList& lines, PrintSize size) {
+    QPrinter printer;
+    toPdf(printer, path);
+    TapePages pages = pagesOf(lines, size);
+    return zv::app::printTape(printer, pages);
+}
+
+QStringList numberedLines(int count) {
+    QStringList lines;
+    for (int i = 1; i <= count; ++i) {
+        lines << u"L%1 +"_s.arg(i, 3, 10, QChar(u'0'));
+    }
+    return lines;
 }
 
 QString run(const QString& tool, const QStringList& args) {
@@ -61,10 +83,7 @@ class TapePrinterTest : public QObject {
 
 private slots:
     void longTapeBreaksIntoPagesByLetterSizeLosingNoLine() {
-        QStringList lines;
-        for (int i = 1; i <= 200; ++i) {
-            lines << u"L%1 +"_s.arg(i, 3, 10, QChar(u'0'));
-        }
+        const QStringList lines = numberedLines(200);
         QVERIFY(printToPdf(pdf(u"small"_s), lines, PrintSize::Small));
         QVERIFY(printToPdf(pdf(u"large"_s), lines, PrintSize::Large));
         QVERIFY(pageCount(pdf(u"small"_s)) >= 2);
@@ -83,8 +102,16 @@ private slots:
     void everyWordIsPrintedInTheSameWidthPerCharacterInsideTheMargins() {
         QVERIFY(printToPdf(pdf(u"font"_s), kLines, PrintSize::Medium));
         QCOMPARE(pageCount(pdf(u"font"_s)), 1);
-        const auto printed = words(pdf(u"font"_s));
-        QCOMPARE(printed.size(), 11);  // every word of every line, its signs and digits compared
+        auto printed = words(pdf(u"font"_s));
+        QCOMPARE(printed.size(), 3 + 11);  // the heading's, then every word of every line
+        std::sort(printed.begin(), printed.end(), [](const auto& a, const auto& b) {
+            return std::pair(qRound(a.first.top()), a.first.left()) <
+                   std::pair(qRound(b.first.top()), b.first.left());
+        });
+        const auto heading = printed.mid(0, 3);
+        QCOMPARE(heading[0].second + heading[1].second + heading[2].second, u"21/11/2026Pg1/1"_s);
+        QVERIFY(heading[2].first.right() > 200 * kMm - 2);  // page number at the right margin
+        printed = printed.mid(3);
         const qreal pitch = printed[0].first.width() / printed[0].second.size();
         qreal left = 1e9, top = 1e9;
         for (const auto& [box, word] : printed) {
@@ -93,7 +120,98 @@ private slots:
             top = qMin(top, box.top());
         }
         QVERIFY2(left >= 30 * kMm - 1 && left < 30 * kMm + 2, qPrintable(QString::number(left)));
-        QVERIFY2(top >= 20 * kMm - 1 && top < 20 * kMm + 6, qPrintable(QString::number(top)));
+        QVERIFY2(heading[0].first.top() >= 20 * kMm - 1, qPrintable(QString::number(heading[0].first.top())));
+        QVERIFY2(top >= heading[0].first.bottom() && top < 20 * kMm + 20, qPrintable(QString::number(top)));
+    }
+
+    // The preview paints its pages again whenever it is redrawn, and a page may be asked for on its
+    // own: each page must come out the same whatever was painted before it.
+    void anyPageIsPaintedAloneAndAgainTheSame() {
+        const QStringList lines = numberedLines(120);
+        TapePages pages = pagesOf(lines, PrintSize::Large);
+        QPrinter printer;
+        toPdf(printer, pdf(u"order"_s));
+        QCOMPARE(pages.layOut(printer), 3);
+        QPainter painter(&printer);
+        const int order[] = {2, 1, 2, 1};
+        for (int i = 0; i < 4; ++i) {
+            QVERIFY(i == 0 || printer.newPage());
+            pages.paintPage(painter, order[i]);
+        }
+        QVERIFY(painter.end());
+        QStringList printed;
+        for (int page = 1; page <= 4; ++page) {
+            const QString p = QString::number(page);
+            printed << run(u"pdftotext"_s, {u"-f"_s, p, u"-l"_s, p, u"-layout"_s, pdf(u"order"_s), u"-"_s});
+        }
+        QCOMPARE(printed[2], printed[0]);
+        QCOMPARE(printed[3], printed[1]);
+        QVERIFY(printed[0].contains(u"Pg 3/3"_s) && printed[1].contains(u"Pg 2/3"_s));
+        // Page 3 ends the tape and page 2 runs up to its first line, with no line left out.
+        const QRegularExpression line(u"L(\\d{3}) \\+"_s);
+        QList<int> numbers;
+        for (const QString& page : {printed[1], printed[0]}) {
+            for (const auto& m : line.globalMatch(page)) {
+                numbers << m.captured(1).toInt();
+            }
+        }
+        QVERIFY(numbers.size() > 60);
+        for (int i = 0; i < numbers.size(); ++i) {
+            QCOMPARE(numbers[i], 120 - numbers.size() + 1 + i);
+        }
+    }
+
+    // What the user sees: every page of the preview shows its lines, and Print prints them all on
+    // the printer already chosen.
+    void previewShowsEveryPageAndPrintsWithoutAskingAgain() {
+        const QStringList lines = numberedLines(120);
+        TapePages pages = pagesOf(lines, PrintSize::Large);
+        QPrinter printer;
+        toPdf(printer, pdf(u"preview"_s));
+        auto darkPixels = [](zv::app::PrintPreview& preview, int page) {
+            preview.view()->setViewMode(QPrintPreviewWidget::SinglePageView);
+            preview.view()->setCurrentPage(page);
+            QCoreApplication::processEvents();
+            const QImage image = preview.view()->grab().toImage();
+            int dark = 0;
+            for (int y = 0; y < image.height(); ++y) {
+                for (int x = 0; x < image.width(); ++x) {
+                    dark += qGray(image.pixel(x, y)) < 100 ? 1 : 0;
+                }
+            }
+            return dark;
+        };
+        zv::app::PrintPreview blank(
+            printer,
+            [](QPrinter& target) {
+                QPainter painter(&target);
+                return target.newPage() && target.newPage();
+            },
+            zv::common::Language::Portuguese);
+        blank.show();
+        blank.view()->updatePreview();
+        int empty = 0;  // the page's frame and shadow, once the view shows them
+        QTRY_VERIFY_WITH_TIMEOUT((empty = darkPixels(blank, 3)) > 1000, 3000);
+        blank.close();
+
+        zv::app::PrintPreview preview(
+            printer, [&](QPrinter& target) { return zv::app::printTape(target, pages); },
+            zv::common::Language::Portuguese);
+        preview.show();
+        preview.view()->updatePreview();
+        QCOMPARE(preview.view()->pageCount(), 3);
+        for (int page : {3, 2, 1, 2, 3}) {
+            // The view lays its pages out as events arrive: wait for it, not for a time.
+            QTRY_VERIFY2_WITH_TIMEOUT(darkPixels(preview, page) > empty + 1000,
+                                      qPrintable(QString::number(page)), 3000);
+        }
+        QTimer::singleShot(0, [] {  // a printer dialog opened now would wait for the user for ever
+            if (QWidget* modal = QApplication::activeModalWidget()) {
+                modal->close();
+            }
+        });
+        QVERIFY(preview.printNow());
+        QCOMPARE(pageCount(pdf(u"preview"_s)), 3);
     }
 
     void unusablePrinterFailsWithoutOutput() {

@@ -36,6 +36,7 @@
 #include "app/common/window_placement.h"
 #include "core/calc/clipboard_numbers.h"
 #include "core/calc/roll_printer.h"
+#include "core/common/date.h"
 #include "core/common/money.h"
 #include "core/common/number_format.h"
 #include "core/common/settings_keys.h"
@@ -823,15 +824,15 @@ void FrmCalcula::mnuExtenso_Click() {
         m_app.dialogs->message(this, Dialogs::Icon::Warning, text(txt::kWordsInvalid));
         return;
     }
-    m_ownClipboardText = QStringLiteral("(%1)").arg(QString::fromStdString(*words));
+    // The figure and the words go together, as a cheque or a receipt writes them.
+    const QString money = QString::fromStdString(common::FormatMoney(value, m_app.regional.separators));
+    m_ownClipboardText = QStringLiteral("$ %1 (%2)").arg(money, QString::fromStdString(*words));
     QClipboard* clipboard = QGuiApplication::clipboard();
     clipboard->clear();
     clipboard->setText(m_ownClipboardText);
-    const QString money = QString::fromStdString(common::FormatMoney(value, m_app.regional.separators));
-    m_app.dialogs->message(
-        this, Dialogs::Icon::Information,
-        QStringLiteral("$ %1\n%2\n%3\n%4")
-            .arg(money, QString::fromStdString(*words), text(txt::kWordsOnClipboard), text(txt::kPasteHint)));
+    m_app.dialogs->message(this, Dialogs::Icon::Information,
+                           QStringLiteral("%1\n\n%2\n%3")
+                               .arg(m_ownClipboardText, text(txt::kWordsOnClipboard), text(txt::kPasteHint)));
 }
 
 void FrmCalcula::mnuEditar_Click() {
@@ -880,10 +881,19 @@ void FrmCalcula::mnuMostraBack_Click() {
 void FrmCalcula::mnuImprimir_Click(int size) {
     QPrinter printer(QPrinter::HighResolution);
     printer.setDocName(QStringLiteral("Zavrello"));
-    const QString tape = QString::fromStdString(m_calc.tape().text());
+    keepClearOfPaperEdges(printer);
+    const std::optional<common::Date> today =
+        m_app.clock != nullptr ? common::dateOf(m_app.clock->now()) : std::nullopt;
+    const QString day = today ? QString::fromStdString(common::formatDate(*today, m_app.regional.dateOrder,
+                                                                          m_app.regional.dateSeparator))
+                              : QString();
+    TapePages pages(QString::fromStdString(m_calc.tape().text()), static_cast<PrintSize>(size), day,
+                    [this](int page, int count) {
+                        return text(txt::kPageOfPages, QString::number(page), QString::number(count));
+                    });
     bool failed = false;
     m_app.dialogs->print(this, printer, [&](QPrinter& target) {
-        const bool ok = printTape(target, tape, static_cast<PrintSize>(size));
+        const bool ok = printTape(target, pages);
         failed = failed || !ok;
         return ok;
     });

@@ -4,6 +4,7 @@
 #include <QFontDatabase>
 #include <QFontInfo>
 #include <QFontMetricsF>
+#include <QPageLayout>
 #include <QPainter>
 #include <QPrinter>
 #include <QStringList>
@@ -87,38 +88,78 @@ int printPointSize(PrintSize size) {
     return 10;
 }
 
-bool printTape(QPrinter& printer, const QString& tapeText, PrintSize size) {
+TapePages::TapePages(const QString& tapeText, PrintSize size, QString day,
+                     std::function<QString(int, int)> pageLabel)
+    : m_lines(tapeLines(tapeText)),
+      m_font(tapeFont(size)),
+      m_headingFont(tapeFont(PrintSize::Small)),
+      m_day(std::move(day)),
+      m_pageLabel(std::move(pageLabel)) {}
+
+int TapePages::layOut(QPaintDevice& device) {
+    m_width = device.width();
+    m_height = device.height();
+    const QFontMetricsF metrics(m_font, &device);
+    const QFontMetricsF heading(m_headingFont, &device);
+    m_lineHeight = metrics.lineSpacing();
+    m_ascent = metrics.ascent();
+    m_headingAscent = heading.ascent();
+    // The heading line, then half a line of space under its rule.
+    m_bodyTop = heading.lineSpacing() + m_lineHeight / 2;
+    m_linesPerPage = qMax(1, static_cast<int>((m_height - m_bodyTop) / m_lineHeight));
+    return pageCount();
+}
+
+int TapePages::pageCount() const {
+    return qMax(1, static_cast<int>((m_lines.size() + m_linesPerPage - 1) / m_linesPerPage));
+}
+
+void TapePages::paintPage(QPainter& painter, int page) const {
+    const QRectF area(0, 0, m_width, m_height);
+    painter.save();
+    painter.setClipRect(area);
+    painter.setPen(QPen(Qt::black, 0));
+    painter.setFont(m_headingFont);
+    const QString label = m_pageLabel ? m_pageLabel(page + 1, pageCount()) : QString();
+    painter.drawText(QPointF(0, m_headingAscent), m_day);
+    const qreal labelWidth = QFontMetricsF(m_headingFont, painter.device()).horizontalAdvance(label);
+    painter.drawText(QPointF(m_width - labelWidth, m_headingAscent), label);
+    const qreal rule = m_bodyTop - m_lineHeight / 4;
+    painter.drawLine(QPointF(0, rule), QPointF(m_width, rule));
+
+    painter.setFont(m_font);
+    const qsizetype first = static_cast<qsizetype>(page) * m_linesPerPage;
+    const qsizetype last = qMin(m_lines.size(), first + m_linesPerPage);
+    for (qsizetype i = first; i < last; ++i) {
+        // One drawText per line, unwrapped: the PDF keeps the line as searchable text and anything
+        // past the right edge falls outside the clip.
+        const qreal baseline = m_bodyTop + static_cast<qreal>(i - first) * m_lineHeight + m_ascent;
+        painter.drawText(QPointF(0, baseline), m_lines[i]);
+    }
+    painter.restore();
+}
+
+void keepClearOfPaperEdges(QPrinter& printer) {
+    QMarginsF margins = printer.pageLayout().margins(QPageLayout::Millimeter);
+    margins = QMarginsF(qMax(margins.left(), kLeastMarginMm), qMax(margins.top(), kLeastMarginMm),
+                        qMax(margins.right(), kLeastMarginMm), qMax(margins.bottom(), kLeastMarginMm));
+    printer.setPageMargins(margins, QPageLayout::Millimeter);
+}
+
+bool printTape(QPrinter& printer, TapePages& pages) {
+    // Again here: choosing another printer or a PDF file in the print dialog resets the margins.
+    keepClearOfPaperEdges(printer);
     QPainter painter;
     if (!painter.begin(&printer)) {
         return false;
     }
-    const QFont font = tapeFont(size);
-    painter.setFont(font);
-    painter.setPen(Qt::black);
-
-    // The painter's origin is the top-left of the printable area, which the printer has already
-    // inset by the page layout's margins; its size is the device's width and height.
-    const QRectF area(0, 0, printer.width(), printer.height());
-    const QFontMetricsF metrics(font, &printer);
-    const qreal lineHeight = metrics.lineSpacing();
-    const int linesPerPage = qMax(1, static_cast<int>(area.height() / lineHeight));
-    painter.setClipRect(area);
-
+    const int count = pages.layOut(printer);
     bool ok = true;
-    int lineOnPage = 0;
-    for (const QString& line : tapeLines(tapeText)) {
-        if (lineOnPage == linesPerPage) {
-            if (!printer.newPage()) {
-                ok = false;
-                break;
-            }
-            lineOnPage = 0;
+    for (int page = 0; page < count && ok; ++page) {
+        ok = (page == 0 || printer.newPage());
+        if (ok) {
+            pages.paintPage(painter, page);
         }
-        // One drawText per line, unwrapped: the PDF keeps the line as searchable text and anything
-        // past the right edge falls outside the clip.
-        const qreal baseline = area.top() + lineOnPage * lineHeight + metrics.ascent();
-        painter.drawText(QPointF(area.left(), baseline), line);
-        ++lineOnPage;
     }
     return painter.end() && ok;
 }

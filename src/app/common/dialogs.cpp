@@ -1,6 +1,7 @@
 #include "app/common/dialogs.h"
 
 #include "app/common/open_document.h"
+#include "app/common/print_preview.h"
 #include "app/common/ui_language.h"
 #include "core/common/text_table.h"
 
@@ -8,7 +9,6 @@
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QPrintDialog>
-#include <QPrintPreviewDialog>
 #include <QPrinter>
 #include <QPushButton>
 #include <QUrl>
@@ -80,11 +80,8 @@ bool DesktopDialogs::print(QWidget* parent, QPrinter& printer, const std::functi
     if (dialog.exec() != QDialog::Accepted) {
         return false;
     }
-    bool printed = true;
-    QPrintPreviewDialog preview(&printer, parent);
-    QObject::connect(&preview, &QPrintPreviewDialog::paintRequested, &preview,
-                     [&](QPrinter* target) { printed = paint(*target) && printed; });
-    return preview.exec() == QDialog::Accepted && printed;
+    PrintPreview preview(printer, paint, m_language.current(), parent);
+    return preview.exec() == QDialog::Accepted && preview.printed();
 }
 
 bool DesktopDialogs::openUrl(const QString& url) {

@@ -34,6 +34,7 @@ inline constexpr int kPrinterFailed = 17;
 inline constexpr int kFindEnd = 18;
 inline constexpr int kSystemCalculatorMissing = 19;
 inline constexpr int kInvalidSelection = 20;
+inline constexpr int kPrintButton = 215;       // "&Imprimir"
 inline constexpr int kScheduleCancelled = 38;  // "Agendamento Cancelado"
 inline constexpr int kConfirmShutdown = 39;    // with the time
 inline constexpr int kProtectionOff = 40;
@@ -133,6 +134,16 @@ inline constexpr int kShortcutFailed = 245;
 inline constexpr int kButtonYes = 246;  // the question box's buttons
 inline constexpr int kButtonNo = 247;
 inline constexpr int kButtonCancel = 248;
+inline constexpr int kPageOfPages = 249;  // the printed page's heading: the page, the page count
+inline constexpr int kPreviewTitle = 250;
+inline constexpr int kPreviewPrevious = 251;
+inline constexpr int kPreviewNext = 252;
+inline constexpr int kPreviewZoomIn = 253;
+inline constexpr int kPreviewZoomOut = 254;
+inline constexpr int kClose = 255;
+inline constexpr int kEditNotAmount = 256;  // leaving the tape's edit with a line that is no amount
+inline constexpr int kInstrumentRange = 257;
+inline constexpr int kFind = 258;  // the backup viewer's find button
 }  // namespace txt
 
 }  // namespace zv::common
