@@ -253,10 +253,23 @@ private slots:
         QCOMPARE(messages().last(), pt(txt::kEditWhileCalculating));
         QTest::keyClick(m_w.get(), Qt::Key_Return);
         trigger("mnuEditar");
-        view->setPlainText(view->toPlainText().replace(u"   10,00 +"_s, u"   15,00 +"_s));
+        const QString before = tape();
+        view->setPlainText(view->toPlainText().replace(u"   10,00 +"_s, u"   1O,00 +"_s));  // a letter O
+        trigger("mnuEditar");
+        QVERIFY(view->editing());  // pointed out, nothing taken
+        QCOMPARE(view->textCursor().selectedText(), u"                   1O,00 +"_s);
+        QCOMPARE(messages().last(), pt(txt::kEditNotAmount));
+        QCOMPARE(tape(), before);
+        view->setPlainText(view->toPlainText().replace(u"1O,00 +"_s, u"15 +"_s));
         trigger("mnuEditar");
         QVERIFY(!view->editing());
         QCOMPARE(m_w->calculator().total(), 35.0);
+        QVERIFY(tape().contains(u"                      15 +\r\n"_s) && tape().contains(u"   35,00 T\r\n"_s));
+        QCOMPARE(view->toPlainText() + u"\n"_s, QString(tape()).replace(u"\r\n"_s, u"\n"_s));
+        QCOMPARE(fileText(m_s->data.filePath(u"calc.fita"_s)), tape());
+        trigger("mnuUndo");
+        QCOMPARE(tape(), before);
+        QCOMPARE(fileText(m_s->data.filePath(u"calc.fita"_s)), before);
     }
 
     void rollPrinterTakesOnlyKnownPorts() {

@@ -754,6 +754,10 @@ void FrmCalcula::closeEvent(QCloseEvent* event) {
     if (txtFita->editing()) {
         mnuEditar->setChecked(false);
         mnuEditar_Click();
+        if (txtFita->editing()) {  // a line to correct first: the edit is not thrown away
+            event->ignore();
+            return;
+        }
     }
     m_settings.height = height();
     m_settings.top = y();
@@ -845,9 +849,15 @@ void FrmCalcula::mnuEditar_Click() {
         txtFita->setEditing(true);
         return;
     }
-    const std::string edited = txtFita->editedText();
+    if (const std::optional<std::size_t> bad = m_calc.applyEdit(txtFita->editedText())) {
+        // The edit stays open on the line to correct; nothing of it is taken yet.
+        mnuEditar->setChecked(true);
+        txtFita->selectLine(static_cast<int>(*bad));
+        m_app.dialogs->message(this, Dialogs::Icon::Warning, text(txt::kEditNotAmount));
+        txtFita->setFocus();
+        return;
+    }
     txtFita->setEditing(false);
-    m_calc.loadTape(edited);
     refresh();
     setFocus();
 }

@@ -101,6 +101,17 @@ void TapeView::selectBytes(std::size_t offset, std::size_t length) {
     ensureCursorVisible();
 }
 
+void TapeView::selectLine(int line) {
+    const QTextBlock block = document()->findBlockByNumber(line);
+    if (!block.isValid()) {
+        return;
+    }
+    QTextCursor cursor(block);
+    cursor.movePosition(QTextCursor::EndOfBlock, QTextCursor::KeepAnchor);
+    setTextCursor(cursor);
+    ensureCursorVisible();
+}
+
 void TapeView::setEditing(bool editing) {
     setReadOnly(!editing);
     setTextInteractionFlags(editing ? Qt::TextEditorInteraction

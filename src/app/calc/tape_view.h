@@ -22,6 +22,9 @@ public:
     // Selects `length` bytes of the tape from byte `offset` and scrolls them into view.
     void selectBytes(std::size_t offset, std::size_t length);
 
+    // Selects the whole line `line` (0-based) of what the view shows and scrolls it into view.
+    void selectLine(int line);
+
     void setEditing(bool editing);
     bool editing() const { return !isReadOnly(); }
     // The text as edited, lines ended by CR LF.

@@ -22,6 +22,36 @@ using common::isDigit;
 using common::padLeft;
 constexpr auto trim = common::trimSpaces;
 
+// The lines of a tape's text, without their CR LF.
+std::vector<std::string_view> splitLines(std::string_view text) {
+    std::vector<std::string_view> lines;
+    for (std::size_t pos = 0; pos < text.size();) {
+        const std::size_t end = std::min(text.find(kLineEnd, pos), text.size());
+        lines.push_back(text.substr(pos, end - pos));
+        pos = end + kLineEnd.size();
+    }
+    return lines;
+}
+
+// Figures and nothing else: what the user meant as an amount, whether or not it reads as one.
+bool looksLikeFigures(std::string_view text, const common::NumberSeparators& seps) {
+    bool digit = false;
+    for (std::size_t i = 0; i < text.size();) {
+        const std::string_view rest = text.substr(i);
+        if (!seps.decimal.empty() && rest.starts_with(seps.decimal)) {
+            i += seps.decimal.size();
+        } else if (!seps.group.empty() && rest.starts_with(seps.group)) {
+            i += seps.group.size();
+        } else if (isDigit(text[i]) || std::string_view(" -:.,()").find(text[i]) != std::string_view::npos) {
+            digit = digit || isDigit(text[i]);
+            ++i;
+        } else {
+            return false;
+        }
+    }
+    return digit;
+}
+
 // Digits grouped by three from the right, leading zeros dropped ("0" stays).
 std::string groupDigits(std::string_view digits, std::string_view group) {
     while (digits.size() > 1 && digits.front() == '0') {
@@ -245,6 +275,7 @@ void Calculator::LimpaTudo() {
     m_newTotalNext = false;
     m_history.clear();
     m_redo.reset();
+    forgetEdits();
     refreshDisplay();
 }
 
@@ -401,12 +432,20 @@ void Calculator::writeTotalBlock() {
 }
 
 bool Calculator::undo() {
+    if (m_editUndo) {
+        const WholeTape edited = wholeTape();
+        const WholeTape before = std::move(*m_editUndo);
+        restoreWholeTape(before);
+        m_editRedo = edited;
+        return true;
+    }
     if (m_history.empty()) {
         return false;
     }
     const Snapshot before = m_history.back();
     m_history.pop_back();
     RedoStep step{m_tape.text().substr(before.tapeOffset), before, snapshot(before.tapeOffset)};
+    forgetEdits();
     m_tape.replaceTail(before.tapeOffset, {});
     restore(before);
     m_redo = std::move(step);
@@ -417,6 +456,13 @@ bool Calculator::undo() {
 }
 
 bool Calculator::redo() {
+    if (m_editRedo) {
+        const WholeTape before = wholeTape();
+        const WholeTape edited = std::move(*m_editRedo);
+        restoreWholeTape(edited);
+        m_editUndo = before;
+        return true;
+    }
     if (!m_redo) {
         return false;
     }
@@ -504,26 +550,121 @@ void Calculator::loadTape(std::string_view text) {
     rebuildFromTape();
 }
 
-void Calculator::rebuildFromTape() {
+std::optional<std::size_t> Calculator::applyEdit(std::string_view edited) {
+    const std::vector<std::string_view> before = splitLines(m_tape.text());
+    // Lines the engine does not read that were on the tape already (other tools' blocks, notes)
+    // stay as they are, however they look.
+    std::vector<std::string_view> untouched;
+    for (const std::string_view line : before) {
+        const TapeLine parsed = parseTapeLine(line);
+        if (parsed.kind == TapeLine::Kind::Other ||
+            (parsed.kind == TapeLine::Kind::Amount && !fieldValue(parsed.field))) {
+            untouched.push_back(line);
+        }
+    }
+    const std::string text = normaliseLineEnds(edited);
+    const std::vector<std::string_view> lines = splitLines(text);
+    std::string tidy;
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        const std::string_view line = lines[i];
+        const TapeLine parsed = parseTapeLine(line);
+        const bool read = (parsed.kind == TapeLine::Kind::Amount && fieldValue(parsed.field)) ||
+                          parsed.kind == TapeLine::Kind::Total || parsed.kind == TapeLine::Kind::Separator ||
+                          parsed.kind == TapeLine::Kind::Heading;
+        if (const auto kept = std::find(untouched.begin(), untouched.end(), line);
+            !read && kept != untouched.end()) {
+            untouched.erase(kept);
+            tidy.append(line).append(kLineEnd);
+            continue;
+        }
+        if (read) {
+            tidy.append(line).append(kLineEnd);
+            continue;
+        }
+        // A line the user changed or added: an amount and its operator however they are aligned,
+        // or a note that holds no figures.
+        const std::string_view trimmed = common::trimSpaces(line);
+        const std::size_t space = trimmed.rfind(' ');
+        const std::string_view symbol = space == std::string_view::npos ? trimmed : trimmed.substr(space + 1);
+        const std::string_view field = space == std::string_view::npos
+                                           ? std::string_view()
+                                           : common::trimSpaces(trimmed.substr(0, space));
+        const std::optional<Operator> op = operatorOfSymbol(symbol);
+        if (op && fieldValue(field)) {
+            tidy.append(amountLine(field, *op));
+        } else if ((symbol == "T" || symbol == "E") && fieldValue(field)) {
+            tidy.append(totalLine(field, false));
+        } else if (op || symbol == "T" || symbol == "E" || looksLikeFigures(trimmed, seps())) {
+            return i;
+        } else {
+            tidy.append(line).append(kLineEnd);
+        }
+    }
+    WholeTape previous = wholeTape();
+    m_tape.reset(tidy);
+    std::string rewritten;
+    rebuildFromTape(&rewritten);
+    if (rewritten != m_tape.text()) {
+        m_tape.reset(rewritten);
+    }
+    m_editUndo = std::move(previous);
+    return std::nullopt;
+}
+
+Calculator::WholeTape Calculator::wholeTape() const {
+    return {m_tape.text(), m_history, snapshot(m_tape.size())};
+}
+
+void Calculator::restoreWholeTape(const WholeTape& saved) {
+    m_tape.reset(saved.text);
+    m_history = saved.history;
+    restore(saved.state);
+    m_redo.reset();
+    forgetEdits();
+    m_entry.clear();
+    m_shownTotal.reset();
+    refreshDisplay();
+}
+
+void Calculator::forgetEdits() {
+    m_editUndo.reset();
+    m_editRedo.reset();
+}
+
+void Calculator::rebuildFromTape(std::string* rewritten) {
     LimpaTudo();
     const std::string_view text = m_tape.text();
     bool afterSeparator = false;
+    bool duration = false;  // the kind of the last amount, which its total takes
     std::size_t pos = 0;
     while (pos < text.size()) {
         std::size_t end = text.find(kLineEnd, pos);
         if (end == std::string_view::npos) {
             end = text.size();
         }
-        const TapeLine line = parseTapeLine(text.substr(pos, end - pos));
+        const std::string_view raw = text.substr(pos, end - pos);
+        const TapeLine line = parseTapeLine(raw);
         const std::optional<double> amount =
             line.kind == TapeLine::Kind::Amount ? fieldValue(line.field) : std::nullopt;
         const bool wasAfterSeparator = afterSeparator;
         afterSeparator = false;
+        if (rewritten != nullptr && line.kind != TapeLine::Kind::Total) {
+            rewritten->append(raw).append(kLineEnd);
+        }
         if (amount) {
-            m_history.push_back(snapshot(pos));
-            applyLine(*amount, line.op, line.field.find(':') != std::string_view::npos);
+            m_history.push_back(
+                snapshot(rewritten != nullptr ? rewritten->size() - raw.size() - kLineEnd.size() : pos));
+            duration = line.field.find(':') != std::string_view::npos;
+            applyLine(*amount, line.op, duration);
         } else if (line.kind == TapeLine::Kind::Total) {
-            m_state = line.overflow ? TotalState::Error : TotalState::Struck;
+            bool overflow = line.overflow;
+            if (rewritten != nullptr) {
+                // Written again from the lines above it, as the "=" key would write it now.
+                overflow = m_state == TotalState::Error;
+                rewritten->append(
+                    totalLine(common::utf8Left(formatTotal(m_total, duration), kDisplayColumns), overflow));
+            }
+            m_state = overflow ? TotalState::Error : TotalState::Struck;
             m_newTotalNext = true;
         } else if (line.kind == TapeLine::Kind::Separator) {
             if (wasAfterSeparator) {
@@ -669,11 +810,11 @@ std::string Calculator::amountText(double value) const {
         seps());
 }
 
-std::string Calculator::formatTotal(double value) const {
+std::string Calculator::formatTotal(double value, bool duration) const {
     if (!std::isfinite(value)) {
         return "E";
     }
-    if (m_options.timeMode) {
+    if (duration) {
         const double hhmmss = secondsToHhmmss(value);
         if (hhmmss >= kMaxDurationDigits) {
             return "E";  // whole seconds no longer hold
@@ -704,11 +845,13 @@ void Calculator::rewriteLastOperator(Operator op) {
     const std::size_t start = m_tape.lastLineStart();
     const std::string field(common::utf8Left(m_tape.lastLine(), kAmountColumns));
     m_redo.reset();
+    forgetEdits();
     m_tape.replaceTail(start, amountLine(field, op));
 }
 
 void Calculator::appendEngineText(std::string_view text) {
     m_redo.reset();
+    forgetEdits();
     m_tape.append(text);
 }
 

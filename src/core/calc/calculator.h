@@ -75,8 +75,8 @@ public:
     // its heading line.
     ClearReport clearTape();
 
-    bool canUndo() const { return !m_history.empty(); }
-    bool canRedo() const { return m_redo.has_value(); }
+    bool canUndo() const { return !m_history.empty() || m_editUndo.has_value(); }
+    bool canRedo() const { return m_redo.has_value() || m_editRedo.has_value(); }
     // Removes the last amount line (a struck total goes with its "=" line) or the last block of
     // another tool, and restores the state that stood before it.
     bool undo();
@@ -101,8 +101,15 @@ public:
     // when the tape is loaded again is written one column further right, so that it cannot.
     void appendBlock(std::string_view text);
     void appendBlock(const TapeBlock& block) { appendBlock(block.text()); }
-    // Replaces the tape (loaded from its file, or edited) and works the total out from it.
+    // Replaces the tape (loaded from its file) and works the total out from it.
     void loadTape(std::string_view text);
+    // Takes the tape as the user edited it in place. Each amount line is aligned as the
+    // calculator writes it, each total line is written again from the lines above it, and the
+    // running total is worked out anew; one Undo takes the whole edit back. A line that looks
+    // like an amount and does not read as one (figures without an operator, or an operator
+    // after something that is no number) refuses the edit: nothing changes and the line's
+    // index (0-based) is returned. Lines of other tools that the edit left as they were stay.
+    std::optional<std::size_t> applyEdit(std::string_view edited);
 
     void setOptions(const CalculatorOptions& options);
     const CalculatorOptions& options() const { return m_options; }
@@ -140,7 +147,17 @@ private:
         Snapshot after;
     };
 
+    // The whole tape and engine, kept across an edit of lines anywhere in the tape.
+    struct WholeTape {
+        std::string text;
+        std::vector<Snapshot> history;
+        Snapshot state;
+    };
+
     Snapshot snapshot(std::size_t tapeOffset) const;
+    WholeTape wholeTape() const;
+    void restoreWholeTape(const WholeTape& saved);
+    void forgetEdits();
     void restore(const Snapshot& snap);
     void operatorKey(Operator op);
     void strike();
@@ -155,7 +172,8 @@ private:
     bool overflowed(bool duration) const;
     bool entryFits(std::string_view entry) const;
     std::string amountText(double value) const;
-    std::string formatTotal(double value) const;
+    std::string formatTotal(double value) const { return formatTotal(value, m_options.timeMode); }
+    std::string formatTotal(double value, bool duration) const;
     std::string entryFromValue(double value) const;
     std::optional<double> entryValue() const;
     std::optional<double> fieldValue(std::string_view field) const;
@@ -164,7 +182,9 @@ private:
     bool tapeEndsInTotal() const;
     void rewriteLastOperator(Operator op);
     void appendEngineText(std::string_view text);
-    void rebuildFromTape();
+    // Works the engine out from the tape; with `rewritten`, also writes there the tape with
+    // every total line written again from the lines above it.
+    void rebuildFromTape(std::string* rewritten = nullptr);
     const common::NumberSeparators& seps() const { return m_regional.separators; }
 
     common::Regional m_regional;
@@ -183,6 +203,8 @@ private:
 
     std::vector<Snapshot> m_history;
     std::optional<RedoStep> m_redo;
+    std::optional<WholeTape> m_editUndo;  // the tape before the last edit, while nothing followed it
+    std::optional<WholeTape> m_editRedo;  // the edit that Undo took back
 };
 
 }  // namespace zv::calc

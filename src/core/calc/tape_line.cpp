@@ -9,17 +9,6 @@ namespace {
 constexpr std::string_view kTimes = "\u00D7";   // ×
 constexpr std::string_view kDivide = "\u00F7";  // ÷
 
-std::optional<Operator> operatorOfSymbol(std::string_view symbol) {
-    if (symbol == kTimes) {
-        return Operator::Times;
-    }
-    if (symbol == kDivide) {
-        return Operator::Divide;
-    }
-    return symbol.size() == 1 && symbol[0] != '*' && symbol[0] != '/' ? operatorOfKey(symbol[0])
-                                                                      : std::nullopt;
-}
-
 }  // namespace
 
 std::optional<Operator> operatorOfKey(int key) {
@@ -44,6 +33,17 @@ std::optional<Operator> operatorOfKey(int key) {
 char keyOf(Operator op) {
     constexpr char kKeys[] = {'+', '-', '*', '/', '%', '='};
     return kKeys[static_cast<int>(op)];
+}
+
+std::optional<Operator> operatorOfSymbol(std::string_view symbol) {
+    if (symbol == kTimes) {
+        return Operator::Times;
+    }
+    if (symbol == kDivide) {
+        return Operator::Divide;
+    }
+    return symbol.size() == 1 && symbol[0] != '*' && symbol[0] != '/' ? operatorOfKey(symbol[0])
+                                                                      : std::nullopt;
 }
 
 std::string_view symbolOf(Operator op) {

@@ -21,6 +21,9 @@ std::optional<Operator> operatorOfKey(int key);
 char keyOf(Operator op);
 // The symbol on the tape: "+", "-", "×", "÷", "%", "=".
 std::string_view symbolOf(Operator op);
+// The operator a symbol on the tape stands for; nullopt for anything else (the keys '*' and '/'
+// included).
+std::optional<Operator> operatorOfSymbol(std::string_view symbol);
 
 // What one tape line (without its CR LF) is to the calculator. The shapes are purely textual:
 // whether an amount field reads as a number depends on the user's separators and is the

@@ -56,9 +56,23 @@ void checkInvariants(const Calculator& calc, const fakes::MirrorSink& file) {
     }
 }
 
+// The tape as a user might edit it: the first digit of its first amount line changed.
+std::string withFirstAmountChanged(std::string text) {
+    for (std::size_t pos = 0; pos < text.size();) {
+        const std::size_t end = text.find(kLineEnd, pos);
+        if (parseTapeLine(std::string_view(text).substr(pos, end - pos)).kind == TapeLine::Kind::Amount) {
+            const std::size_t digit = text.find_first_of("0123456789", pos);
+            text[digit] = static_cast<char>('0' + (text[digit] - '0' + 1) % 10);
+            break;
+        }
+        pos = end + kLineEnd.size();
+    }
+    return text;
+}
+
 TEST(Property, RandomKeysKeepTheTapeTrue) {
     // What a step may do, weighted toward typing amounts; the letters are the test's own names.
-    const std::string actions = "0123456789012345678901234567899999,,+++---**//%%==E~BCCURRTFKLWH";
+    const std::string actions = "0123456789012345678901234567899999,,+++---**//%%==E~BCCURRTFKLWHDD";
     const fakes::FakeClock clock;
     std::mt19937 random(20261123);
     std::uniform_int_distribution<std::size_t> pick(0, actions.size() - 1);
@@ -113,6 +127,9 @@ TEST(Property, RandomKeysKeepTheTapeTrue) {
                     break;
                 case 'H':
                     calc.enterAmount(options.timeMode ? "00:00:01" : "0,000001");
+                    break;
+                case 'D':
+                    calc.applyEdit(withFirstAmountChanged(calc.tape().text()));
                     break;
                 default:
                     calc.Form_KeyPress(static_cast<unsigned char>(action));

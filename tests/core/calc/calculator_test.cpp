@@ -8,6 +8,7 @@
 #include "core/common/text_encoding.h"
 #include "fakes/fake_clock.h"
 #include "fakes/memory_backup.h"
+#include "fakes/mirror_sink.h"
 #include "fakes/sample_text.h"
 
 namespace zv::calc {
@@ -341,6 +342,63 @@ TEST(EnterAmount, TakesOnlyWhatAnEntryHolds) {
     }
     EXPECT_FALSE(typed("2+3=").calculationInProgress());
     EXPECT_TRUE(typed("5+").calculationInProgress());
+}
+
+TEST(Edit, TotalsBelowAreWrittenAgainAndOneUndoTakesTheEditBack) {
+    struct Case {
+        const char* keys;
+        std::string from, to;              // the first `from` on the tape becomes `to`
+        const char* expected;              // the tape, then the summary; or the refused line's index
+        CalculatorOptions typedWith = {};  // the edit is made with the standard options
+    };
+    const std::string k200 = tapeLine("200,00", "+");
+    const Case cases[] = {
+        {"100+200+300=", k200, tapeLine("250,00", "+"),
+         "100,00 +|250,00 +|300,00 =|650,00 T|==  650,00 T 003 0"},
+        {"100+200+300=", k200, "250 +\r\n", "100,00 +|250 +|300,00 =|650,00 T|==  650,00 T 003 0"},
+        {"2+3=4+5=", "3,00 =", "13,00 =", "2,00 +|13,00 =|15,00 T|==|4,00 +|5,00 =|9,00 T|==  9,00 T 002 0"},
+        {"2+3=", "2,00 +", "99999999999999,00 +",
+         "99999999999999,00 +|3,00 =|100.000.000.000.002,00 E|==  100.000.000.000.002,00 E 002 0"},
+        {"100+200+300=", k200, k200 + "Aluguel\r\n",
+         "100,00 +|200,00 +|Aluguel|300,00 =|600,00 T|==  600,00 T 003 0"},
+        {"100+200+300=", k200, "", "100,00 +|300,00 =|400,00 T|==  400,00 T 002 0"},
+        {"100+200+300=", k200, "                  2a0,00 +\r\n", "1"},
+        {"100+200+300=", k200, "   200,00\r\n", "1"},
+        {"100+200+300=", k200, "200,00 x\r\n", "100,00 +|200,00 x|300,00 =|400,00 T|==  400,00 T 002 0"},
+        {"100+200+300=", "600,00 T", "nada T", "3"},
+        {"13000+4530=", "00:45:30 =", "00:45:00 =", "01:30:00 +|00:45:00 =|02:15:00 T|==  8.100,00 T 002 0",
+         kTime},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(std::string(c.keys) + " " + c.to);
+        fakes::MirrorSink file;
+        Calculator calc = typed(c.keys, c.typedWith);
+        calc.setOptions({});
+        calc.setTapeSink(&file);
+        const std::string before = calc.tape().text();
+        const std::string beforeSummary = summary(calc);
+        std::string text = before;
+        text.replace(text.find(c.from), c.from.size(), c.to);
+        const std::optional<std::size_t> refused = calc.applyEdit(text);
+        if (refused) {
+            EXPECT_EQ(std::to_string(*refused), c.expected);
+            EXPECT_EQ(calc.tape().text(), before);
+            continue;
+        }
+        const std::string edited = calc.tape().text();
+        EXPECT_EQ(compactTape(calc) + "  " + summary(calc), c.expected);
+        EXPECT_EQ(summary(reloaded(calc)), summary(calc));
+        EXPECT_EQ(file.copy, edited);
+        ASSERT_TRUE(calc.undo());
+        EXPECT_EQ(calc.tape().text(), before);
+        EXPECT_EQ(summary(calc), beforeSummary);
+        ASSERT_TRUE(calc.redo());
+        EXPECT_EQ(calc.tape().text(), edited);
+        EXPECT_EQ(file.copy, edited);
+        calc.type("1+");  // a new line forgets the edit: Undo takes back only that line
+        ASSERT_TRUE(calc.undo());
+        EXPECT_EQ(calc.tape().text(), edited);
+    }
 }
 
 TEST(ClearTape, BacksUpAndStartsWithAHeading) {
