@@ -7,6 +7,7 @@
 #include <QProcess>
 #include <QPushButton>
 #include <QRegularExpression>
+#include <QScrollBar>
 #include <QtTest>
 
 #include "app/calc/frm_calcula.h"
@@ -108,6 +109,12 @@ private slots:
         click("chkMais");
         QCOMPARE(m_synth.notes.back(), calc::key::kEnterPlus + 36);
         QCOMPARE(setting("CalcEnter"), u"ok"_s);
+        // A number out of range is named and asked for again.
+        m_s->dialogs.answers = {u"abc"_s, u"128"_s, u"19"_s};
+        trigger("mnuSom");
+        QCOMPARE(m_s->dialogs.prompts.size(), 3);
+        QCOMPARE(messages().mid(messages().size() - 2), QStringList(2, pt(txt::kInstrumentRange)));
+        QCOMPARE(setting("Instrumento"), u"19"_s);
     }
 
     void undoRedoAndDeleteTwice() {
@@ -150,6 +157,21 @@ private slots:
                 QVERIFY2(found, qPrintable(items[i]->objectName() + u": "_s + caption(items[i])));
             }
             QCOMPARE(child<QWidget>(*m_w, "chkNeg")->toolTip(), fakes::text(language, txt::kSignTooltip));
+        }
+    }
+
+    void largeLettersKeepTheNewestLinesInView() {
+        for (int i = 0; i < 120; ++i) {
+            type(u"1+"_s);
+        }
+        auto* bar = child<app::TapeView>(*m_w, "txtFita")->verticalScrollBar();
+        QTRY_VERIFY(bar->maximum() > 0 && bar->value() == bar->maximum());
+        for (const bool large : {true, false}) {
+            const int before = bar->maximum();
+            trigger("mnuGrande");
+            QTRY_VERIFY(bar->maximum() != before);  // the tape laid out again in the new letters
+            QCOMPARE(bar->value(), bar->maximum());
+            QCOMPARE(m_w->settings().largeLetters, large);
         }
     }
 

@@ -1,6 +1,7 @@
 // What every tool window gets from the kit, checked on a small window of the test's own, and the
 // question box's buttons.
 #include <QAbstractButton>
+#include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -11,6 +12,7 @@
 
 #include "app/calc/frm_calcula.h"
 #include "app/common/tool_window.h"
+#include "app/common/ui_text.h"
 #include "app/window_services.h"
 
 using namespace zv;
@@ -141,6 +143,26 @@ private slots:
             QVERIFY2(shown == c.words, c.label);
             QVERIFY2(answer == c.answer, c.label);
         }
+    }
+
+    // The roll printer's prompt opens with a long warning: it wraps, and Cancel speaks the language.
+    void aLongPromptWrapsAndCancelIsInTheLanguage() {
+        m_s->language.set(L::Spanish);
+        const QString prompt = app::uiText(L::Spanish, txt::kPortPrompt);
+        QSize size;
+        QString cancel;
+        QTimer::singleShot(0, this, [&] {
+            auto* box = qobject_cast<QInputDialog*>(QApplication::activeModalWidget());
+            QVERIFY(box != nullptr);
+            size = box->size();
+            for (QAbstractButton* button : box->findChildren<QAbstractButton*>()) {
+                cancel += button->text() + u"|"_s;
+            }
+            box->reject();
+        });
+        QVERIFY(!app::DesktopDialogs(m_s->language).ask(m_owner.get(), u"Zavrello"_s, prompt, u"LPT1"_s));
+        QVERIFY2(size.width() <= 500, qPrintable(QString::number(size.width())));
+        QVERIFY2(cancel.contains(u"&Cancelar|"_s), qPrintable(cancel));
     }
 };
 

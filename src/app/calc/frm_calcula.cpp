@@ -971,14 +971,23 @@ void FrmCalcula::mnuCor_Click(int scheme) {
 
 void FrmCalcula::chooseSound(calc::KeySound sound, bool askInstrument) {
     if (askInstrument) {
-        const std::optional<QString> answer =
-            m_app.dialogs->ask(this, text(txt::kInstrumentTitle), text(txt::kInstrumentPrompt),
-                               QStringLiteral("%1").arg(m_settings.instrument, 3, 10, QLatin1Char('0')));
-        bool ok = false;
-        const int instrument = answer ? answer->trimmed().toInt(&ok) : -1;
-        if (!ok || instrument < 0 || instrument > 127) {
-            showChoices();  // the check mark goes back to the sound in force
-            return;
+        QString offered = QStringLiteral("%1").arg(m_settings.instrument, 3, 10, QLatin1Char('0'));
+        int instrument = -1;
+        while (instrument < 0) {
+            const std::optional<QString> answer =
+                m_app.dialogs->ask(this, text(txt::kInstrumentTitle), text(txt::kInstrumentPrompt), offered);
+            if (!answer) {
+                showChoices();  // the check mark goes back to the sound in force
+                return;
+            }
+            bool ok = false;
+            const int number = answer->trimmed().toInt(&ok);
+            if (ok && number >= 0 && number <= 127) {
+                instrument = number;
+            } else {
+                m_app.dialogs->message(this, Dialogs::Icon::Warning, text(txt::kInstrumentRange));
+                offered = *answer;
+            }
         }
         m_settings.instrument = instrument;
         saveOption(keys::kInstrumento, std::to_string(instrument));

@@ -29,6 +29,16 @@ TapeView::TapeView(QWidget* parent) : QPlainTextEdit(parent) {
     setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     setFocusPolicy(Qt::ClickFocus);
     setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    // A view that shows the newest line keeps showing it when the tape is laid out again (other
+    // letters, another width): the range grows under it and it follows.
+    QScrollBar* bar = verticalScrollBar();
+    connect(bar, &QScrollBar::valueChanged, this,
+            [this, bar](int value) { m_atEnd = value >= bar->maximum(); });
+    connect(bar, &QScrollBar::rangeChanged, this, [this, bar](int, int maximum) {
+        if (m_atEnd) {
+            bar->setValue(maximum);
+        }
+    });
 }
 
 void TapeView::replaceTail(std::size_t offset, std::string_view text) {

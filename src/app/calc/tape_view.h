@@ -44,7 +44,8 @@ protected:
 private:
     void appendLines(std::size_t offset, std::string_view text);
 
-    std::vector<std::size_t> m_lineStarts;  // the byte offset in the tape of each line shown
+    std::vector<std::size_t> m_lineStarts;
+    bool m_atEnd = true;  // the last line is in view  // the byte offset in the tape of each line shown
 };
 
 }  // namespace zv::app

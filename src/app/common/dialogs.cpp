@@ -7,6 +7,7 @@
 
 #include <QFileDialog>
 #include <QInputDialog>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPrintDialog>
 #include <QPrinter>
@@ -15,6 +16,9 @@
 
 namespace zv::app {
 namespace {
+
+// The widest a prompt box grows, in pixels; its text wraps within it.
+constexpr int kWidestPrompt = 480;
 
 QString buttonWord(common::Language language, Dialogs::Answer answer) {
     constexpr int kCodes[] = {common::txt::kButtonYes, common::txt::kButtonNo, common::txt::kButtonCancel};
@@ -61,9 +65,21 @@ Dialogs::Answer DesktopDialogs::question(QWidget* parent, const QString& text, B
 
 std::optional<QString> DesktopDialogs::ask(QWidget* parent, const QString& title, const QString& prompt,
                                            const QString& initial) {
-    bool ok = false;
-    const QString answer = QInputDialog::getText(parent, title, prompt, QLineEdit::Normal, initial, &ok);
-    return ok ? std::optional<QString>(answer) : std::nullopt;
+    QInputDialog dialog(parent);
+    dialog.setWindowTitle(title);
+    dialog.setLabelText(prompt);
+    dialog.setTextValue(initial);
+    dialog.setOkButtonText(QStringLiteral("OK"));  // the same word in the three languages
+    dialog.setCancelButtonText(buttonWord(m_language.current(), Answer::Cancel));
+    // A long prompt (a warning before the question) wraps instead of widening the box.
+    for (QLabel* label : dialog.findChildren<QLabel*>()) {
+        label->setWordWrap(true);
+    }
+    dialog.setMaximumWidth(kWidestPrompt);
+    if (dialog.exec() != QDialog::Accepted) {
+        return std::nullopt;
+    }
+    return dialog.textValue();
 }
 
 QString DesktopDialogs::saveFileName(QWidget* parent, const QString& filter, const QString& initialPath) {
