@@ -1,15 +1,20 @@
 // The calculator window driven as a user drives it: keys, buttons and menu commands.
 #include <QAction>
 #include <QClipboard>
+#include <QDir>
+#include <QFile>
 #include <QGuiApplication>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
+#include <QPlainTextEdit>
 #include <QProcess>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QScrollBar>
 #include <QtTest>
 
+#include "app/calc/backup_viewer.h"
 #include "app/calc/frm_calcula.h"
 #include "app/calc/tape_view.h"
 #include "app/window_services.h"
@@ -130,6 +135,27 @@ private slots:
         QTest::keyClick(m_w.get(), Qt::Key_Delete);
         QCOMPARE(tape(), u"21/11/2026 ==============\r\n"_s);
         QVERIFY(fileText(m_s->data.filePath(u"calcula.txt"_s)).contains(u"BKP = 14:05:09 hs."_s));
+
+        // Shown by the desktop, or by the program itself where the desktop has no viewer for it.
+        trigger("mnuMostraBack");
+        QCOMPARE(m_s->dialogs.opened, QStringList{m_s->data.filePath(u"calcula.txt"_s)});
+        m_s->dialogs.desktopOpens = false;
+        trigger("mnuMostraBack");
+        auto* viewer = m_w->findChild<app::BackupViewer*>();
+        QVERIFY(viewer != nullptr && viewer->isVisible());
+        child<QLineEdit>(*viewer, "txtProcura")->setText(u"bkp ="_s);
+        QVERIFY(viewer->findNext());
+        QCOMPARE(child<QPlainTextEdit>(*viewer, "txtBackup")->textCursor().selectedText(), u"BKP ="_s);
+        child<QLineEdit>(*viewer, "txtProcura")->setText(u"nada"_s);
+        QVERIFY(!viewer->findNext());
+        QCOMPARE(child<QLabel>(*viewer, "lblProcura")->text(), pt(txt::kFindEnd));
+        viewer->close();
+        // A file that cannot be read is named as it is on this machine.
+        QFile::remove(m_s->data.filePath(u"calcula.txt"_s));
+        QDir(m_s->data.path()).mkdir(u"calcula.txt"_s);
+        trigger("mnuMostraBack");
+        QCOMPARE(messages().last(),
+                 pt(txt::kBackupOpenFailed, m_s->data.filePath(u"calcula.txt"_s).toUtf8().constData()));
     }
 
     void languageRelabelsEveryMenuItem() {

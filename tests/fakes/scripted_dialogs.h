@@ -25,7 +25,10 @@ public:
         printer.setOutputFileName(pdfPath);
         return paint(printer);
     }
-    bool openUrl(const QString&) override { return true; }
+    bool openUrl(const QString& url) override {
+        opened << url;
+        return desktopOpens;
+    }
 
     QStringList messages;
     QStringList prompts;
@@ -33,6 +36,8 @@ public:
     Answer reply = Answer::No;  // to every Yes / No question
     QString saveAs;
     QString pdfPath;
+    QStringList opened;        // what the desktop was asked to open
+    bool desktopOpens = true;  // whether it had a program for it
 };
 
 }  // namespace zv::fakes

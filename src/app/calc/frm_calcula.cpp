@@ -26,6 +26,7 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include "app/calc/backup_viewer.h"
 #include "app/calc/colour_schemes.h"
 #include "app/calc/tape_printer.h"
 #include "app/calc/tape_view.h"
@@ -40,6 +41,7 @@
 #include "core/common/money.h"
 #include "core/common/number_format.h"
 #include "core/common/settings_keys.h"
+#include "core/common/text_encoding.h"
 #include "core/common/text_file.h"
 #include "core/common/text_table.h"
 #include "core/words/amount_in_words.h"
@@ -883,9 +885,20 @@ void FrmCalcula::mnuMostraBack_Click() {
         m_app.dialogs->message(this, Dialogs::Icon::Information, text(txt::kBackupMissing));
         return;
     }
-    if (!m_app.dialogs->openUrl(QString::fromStdString(path.string()))) {
-        m_app.dialogs->message(this, Dialogs::Icon::Critical, text(txt::kBackupOpenFailed));
+    const QString file = QString::fromStdString(path.string());
+    if (m_app.dialogs->openUrl(file)) {
+        return;
     }
+    // No viewer on this desktop for the file: the program shows it itself.
+    const std::optional<std::string> bytes = common::readFileBytes(path);
+    if (!bytes) {
+        m_app.dialogs->message(this, Dialogs::Icon::Critical, text(txt::kBackupOpenFailed, file));
+        return;
+    }
+    auto* viewer = new BackupViewer(QString::fromStdString(path.filename().string()),
+                                    QString::fromStdString(common::decodeTextFile(*bytes)), language(), this);
+    viewer->setAttribute(Qt::WA_DeleteOnClose);
+    viewer->show();
 }
 
 void FrmCalcula::mnuImprimir_Click(int size) {
