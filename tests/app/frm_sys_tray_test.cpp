@@ -5,6 +5,7 @@
 #include <QSignalSpy>
 #include <QtTest>
 
+#include "app/calc/frm_calcula.h"
 #include "app/tray/frm_sys_tray.h"
 #include "app/window_services.h"
 #include "fakes/memory_registry.h"
@@ -55,9 +56,20 @@ private slots:
         QVERIFY(action(*tray, "mnuSystray")->font().bold());
         QCOMPARE(tray->trayMenu()->defaultAction(), action(*tray, "mnuSystray"));
         QCOMPARE(action(*tray, "mnuAlarme")->text(), u"Agendar Hor\u00E1rio para Alarme"_s);
+        // The calculator offers the same utilities in its own menu; the tray's entry still follows.
+        app::CalcWindowContext calcContext;
+        calcContext.utilities = tray->utilitiesMenu();
+        app::FrmCalcula calculator(m_s->context(), std::move(calcContext));
         m_s->language.set(common::Language::Spanish);
-        QCOMPARE(tray->utilitiesMenu()->title(), u"Herramientas"_s);
+        QAction* entry = nullptr;
+        for (QAction* item : tray->trayMenu()->actions()) {
+            entry = item->menu() == tray->utilitiesMenu() ? item : entry;
+        }
+        QVERIFY(entry != nullptr);
+        QCOMPARE(entry->text(), u"Herramientas"_s);
         QCOMPARE(action(*tray, "mnuSair")->text(), u"Salir"_s);
+        auto* calcUtil = fakes::child<QAction>(calculator, "mnuUtil");
+        QCOMPARE(calcUtil->menu()->actions(), tray->utilitiesMenu()->actions());
     }
 
     void alarmFiresInItsFiveSecondsAndClears() {

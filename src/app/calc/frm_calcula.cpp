@@ -419,7 +419,12 @@ void FrmCalcula::buildMenus() {
     // The utilities belong to the tray program; a copy without one has none to offer.
     QAction* util = addAction(opcoes, "mnuUtil", txt::kMnuUtil, nullptr);
     if (m_ctx.utilities != nullptr) {
-        util->setMenu(m_ctx.utilities);
+        // A menu of its own holding the tray's actions: handing over the tray's menu itself would
+        // make this item the menu's title holder, and the tray's entry would keep its old caption.
+        auto* own = new QMenu(this);
+        own->setObjectName(QStringLiteral("mnuUtilCalc"));
+        own->addActions(m_ctx.utilities->actions());
+        util->setMenu(own);
         util->setEnabled(true);
     }
 
