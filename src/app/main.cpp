@@ -16,6 +16,7 @@
 #include "app/calc/frm_calcula.h"
 #include "app/common/dialogs.h"
 #include "app/common/qsettings_store.h"
+#include "app/common/qt_translations.h"
 #include "app/common/startup_entry.h"
 #include "app/common/ui_language.h"
 #include "app/tray/frm_sys_tray.h"
@@ -111,6 +112,7 @@ int main(int argc, char** argv) {
     const zv::common::SystemClock clock;
     const zv::common::Regional regional = regionalFromLocale(store);
     zv::app::UiLanguage language(regional.language);
+    const zv::app::QtTranslations qtTexts(language);
     zv::app::DesktopDialogs dialogs(language);
     zv::app::AppContext shared;
     shared.store = &store;

@@ -1,16 +1,21 @@
 // What every tool window gets from the kit, checked on a small window of the test's own, and the
 // question box's buttons.
 #include <QAbstractButton>
+#include <QDialogButtonBox>
 #include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMessageBox>
+#include <QPlainTextEdit>
+#include <QPushButton>
 #include <QScreen>
 #include <QTimer>
 #include <QVBoxLayout>
 #include <QtTest>
 
 #include "app/calc/frm_calcula.h"
+#include "app/common/qt_translations.h"
 #include "app/common/tool_window.h"
 #include "app/common/ui_text.h"
 #include "app/window_services.h"
@@ -142,6 +147,33 @@ private slots:
             const A answer = app::DesktopDialogs(m_s->language).question(m_owner.get(), u"?"_s, c.buttons);
             QVERIFY2(shown == c.words, c.label);
             QVERIFY2(answer == c.answer, c.label);
+        }
+    }
+
+    // Qt's own buttons, dialogs and edit menus speak the language too, and follow its changes.
+    void qtsOwnTextsFollowTheLanguage() {
+        const app::QtTranslations qtTexts(m_s->language);
+        const std::pair<L, QStringList> cases[] = {
+            {L::Portuguese, {u"Salvar"_s, u"Selecionar tudo"_s}},
+            {L::Spanish, {u"Guardar"_s, u"Seleccionar todo"_s}},
+            {L::English, {u"Save"_s, u"Select All"_s}},
+            {L::Portuguese, {u"Salvar"_s, u"Selecionar tudo"_s}},
+        };
+        for (const auto& [language, words] : cases) {
+            m_s->language.set(language);
+            QVERIFY(qtTexts.loaded());
+            QDialogButtonBox box(QDialogButtonBox::Save);
+            QPlainTextEdit edit;
+            edit.setPlainText(u"1"_s);
+            std::unique_ptr<QMenu> menu(edit.createStandardContextMenu());
+            QString selectAll;
+            for (QAction* item : menu->actions()) {
+                selectAll = item->objectName() == u"select-all"_s
+                                ? item->text().remove(u'&').section(u'\t', 0, 0)
+                                : selectAll;
+            }
+            QCOMPARE(QStringList({box.button(QDialogButtonBox::Save)->text().remove(u'&'), selectAll}),
+                     words);
         }
     }
 
