@@ -118,15 +118,10 @@ TEST(Schedule, ClosingTheMessageOrCancellingEndsTheEvent) {
     });
 }
 
-TEST(Alarm, KeepsItsReasonInUpperCase) {
+TEST(Alarm, KeepsItsReasonInUpperCaseAndBlinksUntilItsMessageIsClosed) {
     Schedule schedule;
     schedule.scheduleAlarm(kT, "ligar para a Conceição às 3");
     EXPECT_EQ(schedule.alarmReason(), "LIGAR PARA A CONCEIÇÃO ÀS 3");
-}
-
-TEST(Alarm, BlinksUntilItsMessageIsClosedAndEndsOnTheNormalIcon) {
-    Schedule schedule;
-    schedule.scheduleAlarm(kT, "x");
     ASSERT_TRUE(schedule.tickWatch(kT + 1));
     EXPECT_EQ(schedule.tickBlink(kT + 1).icon, 2);
     EXPECT_EQ(schedule.tickBlink(kT + 2).icon, 0);
