@@ -40,7 +40,8 @@ std::string parsed(const std::string& text) {
     return date != nullptr ? shown(*date) : kErrors[static_cast<int>(std::get<DateError>(got))];
 }
 
-// Days spread over the years 0001 to 9999, the same on every run.
+// Days spread over the years 0001 to 9999, the same on every run, with the last and the first day
+// next to each other in the middle.
 std::vector<Date> sampleDays() {
     std::mt19937 random(20261121);
     std::uniform_int_distribution<int> pick(sys_days{ymd(1, 1, 1)}.time_since_epoch().count(),
@@ -49,6 +50,8 @@ std::vector<Date> sampleDays() {
     for (int i = 0; i < 500; ++i) {
         days.emplace_back(sys_days{std::chrono::days{pick(random)}});
     }
+    days[250] = ymd(9999, 12, 31);
+    days[251] = ymd(1, 1, 1);
     return days;
 }
 
@@ -71,8 +74,6 @@ TEST(Date, ReadsOnlyRealDaysAndSaysWhyNot) {
         {"leap day of a leap year", parsed("29/02/2024"), "29/02/2024"},
         {"leap day of a century divisible by 400", parsed("29/02/2000"), "29/02/2000"},
         {"blanks around", parsed("  5/06/2007\t"), "05/06/2007"},
-        {"the first day", parsed("01/01/0001"), "01/01/0001"},
-        {"the last day", parsed("31/12/9999"), "31/12/9999"},
         {"blanks", parsed("   "), "Empty"},
         {"29 February of a century not divisible by 400", parsed("29/02/2100"), "Day"},
         {"month 0", parsed("10/00/2026"), "Month"},
@@ -127,8 +128,6 @@ TEST(Date, AddsDaysAndCalendarMonthsAndCountsLeapDays) {
     auto leapDays = [](Date from, Date to) { return std::to_string(leapDaysBetween(from, to)); };
     expectRows({
         {"a million days from the first day", later(ymd(1, 1, 1), 1000000), "29/11/2738"},
-        {"to the last day", later(ymd(9999, 12, 30), 1), "31/12/9999"},
-        {"back to the first day", later(ymd(1, 1, 2), -1), "01/01/0001"},
         {"past the last day", later(ymd(9999, 12, 31), 1), "none"},
         {"before the first day", later(ymd(1, 1, 1), -1), "none"},
         {"the largest count", later(ymd(2026, 1, 1), LLONG_MAX), "none"},
