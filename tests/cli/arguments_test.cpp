@@ -7,8 +7,12 @@
 #include <climits>
 #include <sstream>
 
+#include "fakes/rows.h"
+
 namespace zv::cli {
 namespace {
+
+using fakes::expectRows;
 
 // What a reader gave, as the rows write it: the value, or the name of the error.
 template <typename T>
@@ -27,66 +31,42 @@ std::string shown(const Parsed<T>& got) {
     return text.str();
 }
 
-struct Row {
-    const char* label;
-    std::string got;
-    std::string want;
-};
-
-void expectRows(std::initializer_list<Row> rows) {
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.label);
-        EXPECT_EQ(row.got, row.want);
-    }
-}
-
 std::string amount(const char* text, Sign sign = Sign::Any) {
     return shown(readAmount(text, {",", "."}, sign));
 }
+std::string rate(const char* text) {
+    return shown(readRate(text, {",", "."}));
+}
+std::string date(const char* text) {
+    return shown(readDate(text));
+}
+std::string whole(const char* text, long long min, long long max) {
+    return shown(readWhole(text, min, max));
+}
 
-TEST(Arguments, AmountsUseTheUsersSeparatorsAndSignRule) {
+TEST(Arguments, EachReaderTakesItsValuesAndNamesWhatIsWrong) {
     expectRows({
         {"grouped with decimals", amount("1.234,56"), "1234.56"},
         {"negative where allowed, blanks around", amount(" -5 "), "-5"},
         {"zero where not negative", amount("0", Sign::NotNegative), "0"},
         {"a centavo is positive", amount("0,01", Sign::Positive), "0.01"},
-        {"blanks", amount("  "), "Empty"},
+        {"a blank amount", amount("  "), "Empty"},
         {"trailing junk", amount("12abc"), "Malformed"},
         {"negative where not allowed", amount("-5", Sign::NotNegative), "Negative"},
         {"negative where positive is asked", amount("-0,01", Sign::Positive), "Negative"},
         {"zero where positive is asked", amount("0,00", Sign::Positive), "Zero"},
-    });
-}
-
-TEST(Arguments, RatesArePositivePercentages) {
-    auto rate = [](const char* text) { return shown(readRate(text, {",", "."})); };
-    expectRows({
         {"with a percent sign", rate("2,5%"), "2.5"},
         {"blanks around and before the sign", rate(" 2,5 % "), "2.5"},
         {"zero percent", rate("0%"), "Zero"},
         {"negative", rate("-1"), "Negative"},
         {"percent sign alone", rate(" % "), "Malformed"},
         {"two percent signs", rate("2%%"), "Malformed"},
-    });
-}
-
-TEST(Arguments, DatesAreRealDaysWrittenDayFirst) {
-    auto date = [](const char* text) { return shown(readDate(text)); };
-    expectRows({
         {"a day", date("1/2/2026"), "01/02/2026"},
         {"31 February", date("31/02/2026"), "NoSuchDate"},
         {"month 0", date("01/00/2026"), "NoSuchDate"},
         {"year 0000", date("01/01/0000"), "NoSuchDate"},
         {"two-digit year", date("01/01/26"), "Malformed"},
-        {"blanks", date(" "), "Empty"},
-    });
-}
-
-TEST(Arguments, WholeNumbersWithinTheirRange) {
-    auto whole = [](const char* text, long long min, long long max) {
-        return shown(readWhole(text, min, max));
-    };
-    expectRows({
+        {"a blank date", date(" "), "Empty"},
         {"the lowest of a negative range", whole("-5", -5, 5), "-5"},
         {"the largest there is", whole("9223372036854775807", 0, LLONG_MAX), "9223372036854775807"},
         {"above the range", whole("3", 0, 2), "OutOfRange"},

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <string>
 
 #include "core/common/text_file.h"
@@ -68,9 +67,7 @@ TEST(RollPort, GivesUpOnADeviceThatTakesNothing) {
     const Fd reader{::open(fifo.c_str(), O_RDONLY | O_NONBLOCK)};
     ASSERT_GE(reader.fd, 0);
     const std::string tape(1 << 20, '=');
-    const auto start = std::chrono::steady_clock::now();
     EXPECT_EQ(writeToPort(fifo.string(), tape, 200), PortResult::TimedOut);
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(2));
 }
 
 TEST(RollPort, SerialLineGetsTheTapeAsItStands) {

@@ -2,13 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <optional>
+#include <filesystem>
 #include <string>
-#include <string_view>
-#include <vector>
 
 #include "core/common/text_file.h"
+#include "fakes/rows.h"
+#include "fakes/scoped_env.h"
 #include "fakes/temp_folder.h"
 
 namespace zv::platform {
@@ -16,96 +15,56 @@ namespace {
 
 #ifndef _WIN32
 
-// HOME in a folder of the test's own and XDG_DATA_HOME as given (nullptr: unset); both restored after.
-class DataHome {
-public:
-    explicit DataHome(const char* xdgBelowHome) {
-        for (const char* name : {"HOME", "XDG_DATA_HOME"}) {
-            const char* value = std::getenv(name);
-            m_saved.emplace_back(name, value != nullptr ? std::optional<std::string>(value) : std::nullopt);
-        }
-        ::setenv("HOME", m_folder.path().c_str(), 1);
-        ::unsetenv("XDG_DATA_HOME");
-        if (xdgBelowHome != nullptr) {
-            const std::string xdg =
-                xdgBelowHome[0] == '.' ? xdgBelowHome : (m_folder / xdgBelowHome).string();
-            ::setenv("XDG_DATA_HOME", xdg.c_str(), 1);
-        }
-    }
-    ~DataHome() {
-        for (const auto& [name, value] : m_saved) {
-            value ? ::setenv(name, value->c_str(), 1) : ::unsetenv(name);
-        }
-    }
-    DataHome(const DataHome&) = delete;
-    DataHome& operator=(const DataHome&) = delete;
-
-    std::filesystem::path operator/(std::string_view name) const { return m_folder / name; }
-
-private:
-    fakes::TempFolder m_folder;
-    std::vector<std::pair<const char*, std::optional<std::string>>> m_saved;
-};
+using fakes::expectRows;
 
 TEST(ProgramShortcut, GoesToTheUsersApplicationsFolder) {
-    struct Case {
-        const char* label;
-        const char* xdg;  // below HOME; "./..." as given; nullptr: unset
-        const char* expectedBelowHome;
-        bool created = true;
-    };
-    const Case cases[] = {
-        {"XDG_DATA_HOME set", "xdg", "xdg/applications/zavrello.desktop"},
-        {"XDG_DATA_HOME unset", nullptr, ".local/share/applications/zavrello.desktop"},
-        {"relative XDG_DATA_HOME ignored", "./relative", ".local/share/applications/zavrello.desktop"},
-        {"a file where the folder should be", "file", "file/applications/zavrello.desktop", false},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.label);
-        const DataHome home(c.xdg);
-        fakes::writeRaw(home / "file", "not a folder");
+    const fakes::TempFolder home;
+    const fakes::ScopedEnv homeEnv("HOME", home.path().c_str());
+    fakes::writeRaw(home / "file", "not a folder");
+    // "created"/"failed", where it says the entry is (below HOME) and whether a file is there.
+    auto place = [&](const char* xdg) {
+        const fakes::ScopedEnv xdgEnv("XDG_DATA_HOME", xdg);
         const ShortcutResult result = createProgramShortcut("/opt/zavrello/zavrello", "/opt/zavrello");
-        EXPECT_EQ(result.created, c.created);
-        EXPECT_EQ(result.where, (home / c.expectedBelowHome).string());
-        EXPECT_EQ(std::filesystem::is_regular_file(home / c.expectedBelowHome), c.created);
-    }
+        return std::string(result.created ? "created " : "failed ") +
+               std::filesystem::path(result.where).lexically_relative(home.path()).string() +
+               (std::filesystem::is_regular_file(result.where) ? " file" : "");
+    };
+    expectRows({
+        {"XDG_DATA_HOME set", place((home / "xdg").c_str()),
+         "created xdg/applications/zavrello.desktop file"},
+        {"XDG_DATA_HOME unset", place(nullptr), "created .local/share/applications/zavrello.desktop file"},
+        {"relative XDG_DATA_HOME ignored", place("./relative"),
+         "created .local/share/applications/zavrello.desktop file"},
+        {"a file where the folder should be", place((home / "file").c_str()),
+         "failed file/applications/zavrello.desktop"},
+    });
 }
 
 TEST(ProgramShortcut, EntryStartsTheProgramInItsFolderAndReplacesTheOneBefore) {
-    struct Case {
-        const char* label;
-        const char* program;
-        const char* folder;
-        const char* execLine;
-        const char* pathLine;
-    };
-    const Case cases[] = {
-        {"plain path", "/opt/zavrello/zavrello", "/opt/zavrello", "Exec=\"/opt/zavrello/zavrello\"\n",
-         "Path=/opt/zavrello\n"},
-        {"spaces and accents", "/home/ana/Meus Cálculos/zavrello", "/home/ana/Meus Cálculos",
-         "Exec=\"/home/ana/Meus Cálculos/zavrello\"\n", "Path=/home/ana/Meus Cálculos\n"},
-        {"shell and field-code characters", "/p/a$b`c\"d%e", "/p", "Exec=\"/p/a\\\\$b\\\\`c\\\\\"d%%e\"\n",
-         "Path=/p\n"},
-        {"backslash", "/p/a\\b", "/p\\q", "Exec=\"/p/a\\\\\\\\b\"\n", "Path=/p\\\\q\n"},
-    };
-    const DataHome home("xdg");
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.label);
-        const ShortcutResult result = createProgramShortcut(c.program, c.folder);
-        ASSERT_TRUE(result.created);
+    const fakes::TempFolder home;
+    const fakes::ScopedEnv xdgEnv("XDG_DATA_HOME", home.path().c_str());
+    // The entry's Exec and Path lines; every run leaves that one entry, whole, and nothing else.
+    auto lines = [&](const char* program, const char* folder) {
+        const ShortcutResult result = createProgramShortcut(program, folder);
         const std::string entry = common::readFileBytes(result.where).value_or("");
         EXPECT_EQ(entry.rfind("[Desktop Entry]\n", 0), 0u) << entry;
-        for (const std::string line : {"\nName=Zavrello\n", "\nType=Application\n", c.execLine, c.pathLine}) {
-            EXPECT_NE(entry.find(line), std::string::npos) << line << " in\n" << entry;
-        }
-        // Each run replaces the entry before it and leaves nothing else behind.
         EXPECT_EQ(entry.find("[Desktop Entry]", 1), std::string::npos) << entry;
-        std::vector<std::filesystem::path> names;
-        for (const auto& file : std::filesystem::directory_iterator(home / "xdg" / "applications")) {
-            names.push_back(file.path().filename());
-        }
-        EXPECT_EQ(names, std::vector<std::filesystem::path>{"zavrello.desktop"});
-    }
+        EXPECT_NE(entry.find("\nName=Zavrello\n"), std::string::npos) << entry;
+        EXPECT_NE(entry.find("\nType=Application\n"), std::string::npos) << entry;
+        EXPECT_EQ(std::distance(std::filesystem::directory_iterator(home / "applications"), {}), 1);
+        const std::size_t exec = entry.find("\nExec="), path = entry.find("\nPath=");
+        return entry.substr(exec + 1, entry.find('\n', exec + 1) - exec) +
+               entry.substr(path + 1, entry.find('\n', path + 1) - path);
+    };
+    expectRows({
+        {"plain path", lines("/opt/zavrello/zavrello", "/opt/zavrello"),
+         "Exec=\"/opt/zavrello/zavrello\"\nPath=/opt/zavrello\n"},
+        {"spaces and accents", lines("/home/ana/Meus Cálculos/zavrello", "/home/ana/Meus Cálculos"),
+         "Exec=\"/home/ana/Meus Cálculos/zavrello\"\nPath=/home/ana/Meus Cálculos\n"},
+        {"shell and field-code characters", lines("/p/a$b`c\"d%e", "/p"),
+         "Exec=\"/p/a\\\\$b\\\\`c\\\\\"d%%e\"\nPath=/p\n"},
+        {"backslash", lines("/p/a\\b", "/p\\q"), "Exec=\"/p/a\\\\\\\\b\"\nPath=/p\\\\q\n"},
+    });
 }
 
 #endif

@@ -3,10 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <initializer_list>
 #include <limits>
 #include <string>
 
+#include "fakes/rows.h"
 #include "fakes/sample_text.h"
 
 namespace zv::common {
@@ -17,78 +17,48 @@ using fakes::kUs;
 const NumberSeparators kNoBreakSpace{",", "\u00A0"};        // two bytes in UTF-8
 const NumberSeparators kNarrowNoBreakSpace{",", "\u202F"};  // three bytes in UTF-8
 
-struct FormatCase {
-    const char* label;
-    double value;
-    std::string_view pattern;
-    const char* expected;
-    NumberSeparators seps = kBrazil;
-};
-
-void checkFormats(std::initializer_list<FormatCase> cases) {
-    for (const FormatCase& c : cases) {
-        SCOPED_TRACE(c.label);
-        EXPECT_EQ(formatNumber(c.value, c.pattern, c.seps), c.expected);
-    }
+std::string fmt(double value, std::string_view pattern, const NumberSeparators& seps = kBrazil) {
+    return formatNumber(value, pattern, seps);
 }
 
-TEST(FormatNumber, RoundsHalfAwayFromZeroOnTheShortDecimalForm) {
-    checkFormats({
-        {"1.005 is read as typed, not as stored", 1.005, pattern::kTwoDecimals, "1,01"},
-        {"negative half goes away from zero", -1.005, pattern::kTwoDecimals, "-1,01"},
-        {"below half goes down", 1.0049, pattern::kTwoDecimals, "1,00"},
-        {"2.5 to an integer is not banker's rounding", 2.5, pattern::kInteger, "3"},
-        {"carry makes a new group", 999999.995, pattern::kMoney, "1.000.000,00"},
-        {"0.1 + 0.2 has no tail", 0.1 + 0.2, pattern::kLongDecimals, "0,3"},
-        {"six decimals round at the seventh", 1.1234565, pattern::kCurrency, "1,123457"},
-        {"rounded to zero has no sign", -0.004, pattern::kTwoDecimals, "0,00"},
-        {"negative zero has no sign", -0.0, pattern::kTime, "00:00:00"},
-    });
-}
-
-TEST(FormatNumber, OptionalDecimalsAreTrimmed) {
-    checkFormats({
-        {"currency keeps two", 1.5, pattern::kCurrency, "1,50"},
-        {"currency drops trailing zeros past two", 1.12340, pattern::kCurrency, "1,1234"},
-        {"numeral rounding away all decimals", 2.0000004, pattern::kNumeral, "2"},
-        {"numeral with six decimals", -1234.000001, pattern::kNumeral, "-1.234,000001"},
-        {"long decimals", 1.0 / 3.0, pattern::kLongDecimals, "0,3333333333"},
-    });
-}
-
-TEST(FormatNumber, GroupsWithTheUsersSeparators) {
-    checkFormats({
-        {"US money", 1234.5, pattern::kMoney, "1,234.50", kUs},
-        {"no-break space group", 1234567.891, pattern::kMoney, "1\u00A0234\u00A0567,89", kNoBreakSpace},
-        {"narrow no-break space group", -9876543, pattern::kInteger, "-9\u202F876\u202F543",
-         kNarrowNoBreakSpace},
-        {"multi-byte decimal", 1234.5, pattern::kMoney, "1\u066C234\u066B50", {"\u066B", "\u066C"}},
-        {"no grouping without a comma in the pattern", 1234.5, pattern::kTwoDecimals, "1234,50"},
-    });
-}
-
-TEST(FormatNumber, ZeroPaddedAndTimePatterns) {
-    checkFormats({
-        {"cents pattern pads to three", 5, pattern::kCents, "005"},
-        {"cents pattern with more digits", 12345, pattern::kCents, "12345"},
-        {"words fixed positions", 1234.567, pattern::kWordsFixed, "000000001234,57"},
-        {"time: digits around the colons", 12345, pattern::kTime, "01:23:45"},
-        {"time: extra hour digit goes in front", 1234567, pattern::kTime, "123:45:67"},
-        {"time: negative", -5, pattern::kTime, "-00:00:05"},
-        {"time: a fraction is rounded away", 59.6, pattern::kTime, "00:00:60"},
-    });
-}
-
-TEST(FormatNumber, NoExponentsAndNonFiniteGivesE) {
-    checkFormats({
-        {"fifteen significant digits then zeros", 1.2345678901234567e20, pattern::kMoney,
+TEST(FormatNumber, WritesEachPatternRoundedHalfAwayFromZeroWithoutExponents) {
+    fakes::expectRows({
+        {"1.005 is read as typed, not as stored", fmt(1.005, pattern::kTwoDecimals), "1,01"},
+        {"negative half goes away from zero", fmt(-1.005, pattern::kTwoDecimals), "-1,01"},
+        {"below half goes down", fmt(1.0049, pattern::kTwoDecimals), "1,00"},
+        {"2.5 to an integer is not banker's rounding", fmt(2.5, pattern::kInteger), "3"},
+        {"carry makes a new group", fmt(999999.995, pattern::kMoney), "1.000.000,00"},
+        {"0.1 + 0.2 has no tail", fmt(0.1 + 0.2, pattern::kLongDecimals), "0,3"},
+        {"six decimals round at the seventh", fmt(1.1234565, pattern::kCurrency), "1,123457"},
+        {"rounded to zero has no sign", fmt(-0.004, pattern::kTwoDecimals), "0,00"},
+        {"negative zero has no sign", fmt(-0.0, pattern::kTime), "00:00:00"},
+        {"currency keeps two", fmt(1.5, pattern::kCurrency), "1,50"},
+        {"currency drops trailing zeros past two", fmt(1.12340, pattern::kCurrency), "1,1234"},
+        {"numeral rounding away all decimals", fmt(2.0000004, pattern::kNumeral), "2"},
+        {"numeral with six decimals", fmt(-1234.000001, pattern::kNumeral), "-1.234,000001"},
+        {"long decimals", fmt(1.0 / 3.0, pattern::kLongDecimals), "0,3333333333"},
+        {"US money", fmt(1234.5, pattern::kMoney, kUs), "1,234.50"},
+        {"no-break space group", fmt(1234567.891, pattern::kMoney, kNoBreakSpace), "1\u00A0234\u00A0567,89"},
+        {"narrow no-break space group", fmt(-9876543, pattern::kInteger, kNarrowNoBreakSpace),
+         "-9\u202F876\u202F543"},
+        {"multi-byte decimal", fmt(1234.5, pattern::kMoney, {"\u066B", "\u066C"}), "1\u066C234\u066B50"},
+        {"no grouping without a comma in the pattern", fmt(1234.5, pattern::kTwoDecimals), "1234,50"},
+        {"cents pattern pads to three", fmt(5, pattern::kCents), "005"},
+        {"cents pattern with more digits", fmt(12345, pattern::kCents), "12345"},
+        {"words fixed positions", fmt(1234.567, pattern::kWordsFixed), "000000001234,57"},
+        {"time: digits around the colons", fmt(12345, pattern::kTime), "01:23:45"},
+        {"time: extra hour digit goes in front", fmt(1234567, pattern::kTime), "123:45:67"},
+        {"time: negative", fmt(-5, pattern::kTime), "-00:00:05"},
+        {"time: a fraction is rounded away", fmt(59.6, pattern::kTime), "00:00:60"},
+        {"fifteen significant digits then zeros", fmt(1.2345678901234567e20, pattern::kMoney),
          "123.456.789.012.346.000.000,00"},
-        {"a twelve digit amount keeps its cents", 123456789012.34, pattern::kMoney, "123.456.789.012,34"},
-        {"1e-7 in long decimals", 1e-7, pattern::kLongDecimals, "0,0000001"},
-        {"1e-11 in long decimals", 1e-11, pattern::kLongDecimals, "0"},
-        {"denormal", 4.9e-324, pattern::kCurrency, "0,00"},
-        {"not a number", std::nan(""), pattern::kMoney, "E"},
-        {"minus infinity in time", -HUGE_VAL, pattern::kTime, "E"},
+        {"a twelve digit amount keeps its cents", fmt(123456789012.34, pattern::kMoney),
+         "123.456.789.012,34"},
+        {"1e-7 in long decimals", fmt(1e-7, pattern::kLongDecimals), "0,0000001"},
+        {"1e-11 in long decimals", fmt(1e-11, pattern::kLongDecimals), "0"},
+        {"denormal", fmt(4.9e-324, pattern::kCurrency), "0,00"},
+        {"not a number", fmt(std::nan(""), pattern::kMoney), "E"},
+        {"minus infinity in time", fmt(-HUGE_VAL, pattern::kTime), "E"},
     });
     const std::string largest = formatNumber(std::numeric_limits<double>::max(), pattern::kInteger, kUs);
     EXPECT_EQ(largest.substr(0, 20), "179,769,313,486,232,");

@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "core/common/text_encoding.h"
+#include "fakes/rows.h"
 
 namespace zv::common {
 namespace {
@@ -30,30 +31,18 @@ TEST(TextTable, MissingTextsComeBackEmpty) {
 }
 
 TEST(TextTable, LineBreaksAndArgumentsAreFilledIn) {
-    struct Case {
-        Language language;
-        int code;
-        const char* arg1;
-        const char* arg2;
-        const char* expected;
-    };
-    const Case cases[] = {
-        {Language::English, 4, "", "",
+    fakes::expectRows({
+        {"line breaks", GetText(Language::English, 4),
          "Calculation list is full.\r\n\r\nDo you want to erase all the calculations on the list?"},
-        {Language::Portuguese, 43, "07:15:00", "Reunião",
+        {"two arguments", GetText(Language::Portuguese, 43, "07:15:00", "Reunião"),
          "Horário Agendado para Alarme:\r\n07:15:00 hs.\r\n\r\nReunião"},
-        // The English text has no place for the second argument.
-        {Language::English, 29, "1,234.50", "12 months",
+        {"no place for the second argument", GetText(Language::English, 29, "1,234.50", "12 months"),
          "Amount + Capitalized Interest Amount:\r\n\r\n$ 1,234.50"},
-        // Missing arguments leave nothing behind; markers inside an argument are not filled in.
-        {Language::Portuguese, 948, "", "", "Deseja salvar as alterações feitas em \"\" ?"},
-        {Language::Portuguese, 13, "a|b\u008E", "x",
+        {"missing arguments leave nothing", GetText(Language::Portuguese, 948),
+         "Deseja salvar as alterações feitas em \"\" ?"},
+        {"markers inside an argument stay", GetText(Language::Portuguese, 13, "a|b\u008E", "x"),
          "Problemas ao tentar abrir seu programa de e-mail e enviar mensagem para:\r\n\r\na|b\u008E"},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.code);
-        EXPECT_EQ(GetText(c.language, c.code, c.arg1, c.arg2, "unused"), c.expected);
-    }
+    });
 }
 
 TEST(TextTable, EveryCodeHasAllThreeLanguagesExceptThePortugueseOnlyOnes) {

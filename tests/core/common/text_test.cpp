@@ -3,37 +3,30 @@
 #include <gtest/gtest.h>
 
 #include "core/common/regional.h"
+#include "fakes/rows.h"
 
 namespace zv::common {
 namespace {
 
-TEST(Text, PaddingCountsCharactersNotBytes) {
-    struct Case {
-        const char* label;
-        const char* text;
-        const char* left;
-        const char* right;
-    };
-    // "×" and "ã" are two bytes each but one column of the tape.
-    const Case cases[] = {
-        {"ascii", "12", "   12", "12   "},
-        {"two-byte sign", "3 \u00D7", "  3 \u00D7", "3 \u00D7  "},
-        {"accented", "m\u00E3e", "  m\u00E3e", "m\u00E3e  "},
-        {"wider than the field is never cut", "123456", "123456", "123456"},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.label);
-        EXPECT_EQ(padLeft(c.text, 5), c.left);
-        EXPECT_EQ(padRight(c.text, 5), c.right);
-    }
-    EXPECT_EQ(padLeft("7", 3, '0'), "007");
+using fakes::expectRows;
+
+TEST(Text, PadsByCharactersAndTrims) {
+    // Left and right padded to five columns: "×" and "ã" are two bytes each but one column.
+    auto pad = [](const char* text) { return padLeft(text, 5) + "|" + padRight(text, 5); };
+    expectRows({
+        {"ascii", pad("12"), "   12|12   "},
+        {"two-byte sign", pad("3 \u00D7"), "  3 \u00D7|3 \u00D7  "},
+        {"accented", pad("m\u00E3e"), "  m\u00E3e|m\u00E3e  "},
+        {"wider than the field is never cut", pad("123456"), "123456|123456"},
+        {"another fill", padLeft("7", 3, '0'), "007"},
+        {"spaces trimmed", std::string(trimSpaces("   1.234,50 ")), "1.234,50"},
+        {"tape columns hold spaces only", std::string(trimSpaces("\t1 ")), "\t1"},
+        {"only spaces", std::string(trimSpaces("    ")), ""},
+        {"blanks trimmed", std::string(trimBlanks(" \t1\t ")), "1"},
+    });
 }
 
-TEST(Text, TrimAndDigits) {
-    EXPECT_EQ(trimSpaces("   1.234,50 "), "1.234,50");
-    EXPECT_EQ(trimSpaces("\t1 "), "\t1");  // tape columns hold spaces only
-    EXPECT_EQ(trimBlanks(" \t1\t "), "1");
-    EXPECT_EQ(trimSpaces("    "), "");
+TEST(Text, DigitsAndCaseBlindComparison) {
     EXPECT_TRUE(allDigits("0123"));
     for (const char* text : {"", "12a", "-1", "1,5", " 1"}) {
         EXPECT_FALSE(allDigits(text)) << text;
@@ -43,24 +36,17 @@ TEST(Text, TrimAndDigits) {
 }
 
 TEST(Regional, GroupSeparatorFallback) {
-    struct Case {
-        const char* label;
-        NumberSeparators given;
-        NumberSeparators wanted;
+    auto fallback = [](NumberSeparators given) {
+        const NumberSeparators got = withGroupFallback(given);
+        return got.decimal + "|" + got.group;
     };
-    const Case cases[] = {
-        {"C locale", {".", ""}, {".", ","}},
-        {"comma without grouping", {",", ""}, {",", "."}},
-        {"group equal to decimal", {",", ","}, {",", "."}},
-        {"no decimal either", {"", ""}, {".", ","}},
-        {"no-break space kept", {",", "\u00A0"}, {",", "\u00A0"}},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.label);
-        const NumberSeparators got = withGroupFallback(c.given);
-        EXPECT_EQ(got.decimal, c.wanted.decimal);
-        EXPECT_EQ(got.group, c.wanted.group);
-    }
+    expectRows({
+        {"C locale", fallback({".", ""}), ".|,"},
+        {"comma without grouping", fallback({",", ""}), ",|."},
+        {"group equal to decimal", fallback({",", ","}), ",|."},
+        {"no decimal either", fallback({"", ""}), ".|,"},
+        {"no-break space kept", fallback({",", "\u00A0"}), ",|\u00A0"},
+    });
 }
 
 }  // namespace

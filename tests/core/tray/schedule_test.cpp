@@ -82,33 +82,23 @@ TEST(TimeOfDay, AcceptsHoursMinutesAndSecondsOnly) {
     EXPECT_EQ(formatTimeOfDay(at(7, 5, 9)), "07:05:09");
 }
 
-TEST(Alarm, FiresOnlyInTheFiveSecondsAfterItsTime) {
+TEST(Schedule, AlarmFiresAndShutdownBeepsThenShutsDownUntilClosedOrCancelled) {
     check({
         {"at its time", kT, {}, {kT}, ".", "watch"},
         {"first second after", kT, {}, {kT + 1}, "ab"},
-        {"last second of the window", kT, {}, {kT + 4}, "ab"},
+        {"alarm's last second", kT, {}, {kT + 4}, "ab"},
         {"five seconds after", kT, {}, {kT + 5}, "."},
         {"shown once while its message is open", kT, {}, {kT + 1, kT + 2}, "ab b", "watch blink"},
         {"missed when not sampled, kept for the next day", kT, {}, {kT - 1, kT + 5, kT + 1}, ". . ab"},
         {"already past, waits for the next day", kT, {}, {kT + 3600, kT + 2}, ". ab"},
-        {"across midnight", at(23, 59, 58), {}, {at(0, 0, 1)}, "ab"},
-        {"across midnight, too late", at(23, 59, 58), {}, {at(0, 0, 3)}, "."},
-    });
-}
-
-TEST(Shutdown, BeepsTwentySecondsBeforeAndShutsDownInTheFiveAfter) {
-    check({
+        {"alarm across midnight", at(23, 59, 58), {}, {at(0, 0, 1)}, "ab"},
+        {"alarm across midnight, too late", at(23, 59, 58), {}, {at(0, 0, 3)}, "."},
         {"warning starts at nineteen seconds before", {}, kT, {kT - 20, kT - 19}, ". b"},
         {"not at its time, then at once", {}, kT, {kT - 1, kT, kT + 1}, "b b bs"},
-        {"last second of the window", {}, kT, {kT + 4}, "bs"},
-        {"window missed", {}, kT, {kT + 5}, "."},
-        {"across midnight", {}, at(0, 0, 2), {at(23, 59, 50), at(0, 0, 3)}, "b bs"},
+        {"shutdown's last second", {}, kT, {kT + 4}, "bs"},
+        {"shutdown window missed", {}, kT, {kT + 5}, "."},
+        {"shutdown across midnight", {}, at(0, 0, 2), {at(23, 59, 50), at(0, 0, 3)}, "b bs"},
         {"together with an alarm", kT, kT, {kT + 1}, "abs"},
-    });
-}
-
-TEST(Schedule, ClosingTheMessageOrCancellingEndsTheEvent) {
-    check({
         {"alarm message closed", kT, {}, {kT + 1, kCloseMessage, kT + 2}, "ab .", "none"},
         // The alarm beeps on after the shutdown is cancelled, until its message closes.
         {"both", kT, kT + 3600, {kT + 1, kCancelShutdown, kT + 2, kCloseMessage, kT + 3}, "ab b .", "none"},
@@ -118,15 +108,10 @@ TEST(Schedule, ClosingTheMessageOrCancellingEndsTheEvent) {
     });
 }
 
-TEST(Alarm, KeepsItsReasonInUpperCase) {
+TEST(Alarm, KeepsItsReasonInUpperCaseAndBlinksUntilItsMessageIsClosed) {
     Schedule schedule;
     schedule.scheduleAlarm(kT, "ligar para a Conceição às 3");
     EXPECT_EQ(schedule.alarmReason(), "LIGAR PARA A CONCEIÇÃO ÀS 3");
-}
-
-TEST(Alarm, BlinksUntilItsMessageIsClosedAndEndsOnTheNormalIcon) {
-    Schedule schedule;
-    schedule.scheduleAlarm(kT, "x");
     ASSERT_TRUE(schedule.tickWatch(kT + 1));
     EXPECT_EQ(schedule.tickBlink(kT + 1).icon, 2);
     EXPECT_EQ(schedule.tickBlink(kT + 2).icon, 0);

@@ -3,66 +3,52 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <initializer_list>
 
+#include "fakes/rows.h"
 #include "fakes/sample_text.h"
 
 namespace zv::words {
 namespace {
 
-struct Case {
-    double value;
-    const char* expected;
-};
-
-void checkWords(std::initializer_list<Case> cases, bool withCurrency = true) {
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.value);
-        const std::optional<std::string> words = ConverterExtenso(c.value, withCurrency);
-        ASSERT_TRUE(words.has_value());
-        EXPECT_EQ(*words, c.expected);
-    }
+std::string say(double value, bool withCurrency = true) {
+    return ConverterExtenso(value, withCurrency).value_or("none");
 }
 
 TEST(ConverterExtenso, CentavosUnitsTensAndHundreds) {
-    checkWords({
-        {0.01, "UM CENTAVO"},
-        {1, "UM REAL"},
-        {2, "DOIS REAIS"},
-        {1.01, "UM REAL E UM CENTAVO"},
-        {15.03, "QUINZE REAIS E TRÊS CENTAVOS"},
-        {2.675, "DOIS REAIS E SESSENTA E OITO CENTAVOS"},  // cents rounded half up
-        {0.015, "DOIS CENTAVOS"},                          // half a cent above the minimum
-        {100, "CEM REAIS"},
-        {115, "CENTO E QUINZE REAIS"},
-        {999, "NOVECENTOS E NOVENTA E NOVE REAIS"},
+    fakes::expectRows({
+        {"a centavo", say(0.01), "UM CENTAVO"},
+        {"a real", say(1), "UM REAL"},
+        {"reais", say(2), "DOIS REAIS"},
+        {"one and one", say(1.01), "UM REAL E UM CENTAVO"},
+        {"teens", say(15.03), "QUINZE REAIS E TRÊS CENTAVOS"},
+        {"cents rounded half up", say(2.675), "DOIS REAIS E SESSENTA E OITO CENTAVOS"},
+        {"half a cent above the minimum", say(0.015), "DOIS CENTAVOS"},
+        {"a round hundred", say(100), "CEM REAIS"},
+        {"a hundred and more", say(115), "CENTO E QUINZE REAIS"},
+        {"every place", say(999), "NOVECENTOS E NOVENTA E NOVE REAIS"},
     });
 }
 
 TEST(ConverterExtenso, ThousandsMillionsAndBillionsKeepTheSystemsJoiners) {
-    checkWords({
-        {1000, "UM MIL REAIS"},  // a thousand keeps its one
-        {1100, "UM MIL E CEM REAIS"},
-        {1234, "UM MIL E DUZENTOS E TRINTA E QUATRO REAIS"},
-        {1000000, "UM MILHÃO DE REAIS"},  // round millions take DE
-        {2000000.01, "DOIS MILHÕES DE REAIS E UM CENTAVO"},
-        {1000001, "UM MILHÃO E UM REAIS"},
-        {1000000000, "UM BILHÃO DE REAIS"},
-        {1002000000, "UM BILHÃO E DOIS MILHÕES DE REAIS"},
-        {1000005000, "UM BILHÃO E CINCO MIL REAIS"},
-        {999999999999.99,
+    fakes::expectRows({
+        {"a thousand keeps its one", say(1000), "UM MIL REAIS"},
+        {"a thousand and a hundred", say(1100), "UM MIL E CEM REAIS"},
+        {"a thousand and more", say(1234), "UM MIL E DUZENTOS E TRINTA E QUATRO REAIS"},
+        {"round millions take DE", say(1000000), "UM MILHÃO DE REAIS"},
+        {"millions and a centavo", say(2000000.01), "DOIS MILHÕES DE REAIS E UM CENTAVO"},
+        {"a million and one", say(1000001), "UM MILHÃO E UM REAIS"},
+        {"a billion", say(1000000000), "UM BILHÃO DE REAIS"},
+        {"a billion and millions", say(1002000000), "UM BILHÃO E DOIS MILHÕES DE REAIS"},
+        {"a billion and thousands", say(1000005000), "UM BILHÃO E CINCO MIL REAIS"},
+        {"the largest", say(999999999999.99),
          "NOVECENTOS E NOVENTA E NOVE BILHÕES E NOVECENTOS E NOVENTA E NOVE MILHÕES E NOVECENTOS E "
          "NOVENTA E NOVE MIL E NOVECENTOS E NOVENTA E NOVE REAIS E NOVENTA E NOVE CENTAVOS"},
+        // The spaces around the currency words stay, and so does the DE of a round million or billion.
+        {"no currency, reais and centavos", say(1.50, false), "UM  E CINQUENTA "},
+        {"no currency, round millions", say(2000000, false), "DOIS MILHÕES DE "},
+        {"no currency, a billion", say(1e9, false), "UM BILHÃO DE "},
+        {"no currency, centavos", say(0.25, false), "VINTE E CINCO "},
     });
-}
-
-TEST(ConverterExtenso, WithoutCurrencyOnlyTheCurrencyWordsGo) {
-    // The spaces around the currency words stay, and so does the "DE" of a round million or billion.
-    checkWords({{1.50, "UM  E CINQUENTA "},
-                {2000000, "DOIS MILHÕES DE "},
-                {1e9, "UM BILHÃO DE "},
-                {0.25, "VINTE E CINCO "}},
-               false);
 }
 
 TEST(ConverterExtenso, RejectsAmountsOutOfRange) {
