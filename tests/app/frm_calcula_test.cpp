@@ -12,6 +12,8 @@
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QScrollBar>
+#include <QTextBlock>
+#include <QTextCursor>
 #include <QtTest>
 
 #include "app/calc/backup_viewer.h"
@@ -184,6 +186,26 @@ private slots:
             }
             QCOMPARE(child<QWidget>(*m_w, "chkNeg")->toolTip(), fakes::text(language, txt::kSignTooltip));
         }
+    }
+
+    // A wide window keeps the keys their size and the tape's amounts under the display's.
+    void aWideWindowKeepsTheKeysAndTheTapeUnderTheDisplay() {
+        type(u"100+"_s);
+        auto* key = child<QPushButton>(*m_w, "chkNum7");
+        QTRY_VERIFY(key->width() > 0);
+        const int keyWidth = key->width();
+        m_w->resize(900, 900);
+        QTRY_COMPARE(m_w->width(), 900);
+        QVERIFY2(key->width() <= keyWidth + 2, qPrintable(QString::number(key->width())));
+        auto* view = child<app::TapeView>(*m_w, "txtFita");
+        QTextCursor end(view->document()->findBlockByNumber(0));
+        end.movePosition(QTextCursor::EndOfBlock);
+        const int lineEnd = view->viewport()->mapTo(m_w.get(), view->cursorRect(end).topLeft()).x();
+        auto* display = child<QLabel>(*m_w, "lblVisor0");
+        const int displayEnd = display->mapTo(m_w.get(), display->rect().topRight()).x();
+        const int slack =
+            view->verticalScrollBar()->sizeHint().width() + 4 * view->fontMetrics().averageCharWidth();
+        QVERIFY2(std::abs(displayEnd - lineEnd) < slack, qPrintable(u"%1 %2"_s.arg(lineEnd).arg(displayEnd)));
     }
 
     void largeLettersKeepTheNewestLinesInView() {

@@ -160,8 +160,18 @@ QString FrmCalcula::text(int code, const QString& arg1, const QString& arg2) con
 
 void FrmCalcula::buildWidgets() {
     using Part = Captions::Part;
-    auto* central = new QWidget(this);
-    central->setObjectName(QStringLiteral("fraJanela"));
+    // The calculator is one column as wide as its tape, centred in a wider window: the keys keep
+    // their size and the tape's amounts end under the display's.
+    auto* window = new QWidget(this);
+    window->setObjectName(QStringLiteral("fraJanela"));
+    auto* centring = new QHBoxLayout(window);
+    centring->setContentsMargins(0, 0, 0, 0);
+    centring->setSpacing(0);
+    auto* central = new QWidget(window);
+    central->setObjectName(QStringLiteral("fraCorpo"));
+    centring->addStretch(0);
+    centring->addWidget(central, 1);
+    centring->addStretch(0);
     auto* column = new QVBoxLayout(central);
     column->setContentsMargins(6, 6, 6, 6);
     column->setSpacing(4);
@@ -298,7 +308,7 @@ void FrmCalcula::buildWidgets() {
     for (const auto& [widget, code] : accessibleNames) {
         m_captions->add(widget, code, Part::AccessibleName);
     }
-    setCentralWidget(central);
+    setCentralWidget(window);
 }
 
 // ---- menus ------------------------------------------------------------------------------------
@@ -579,6 +589,7 @@ void FrmCalcula::Arrange() {
     const int tapeWidth = QFontMetrics(tapeFont).horizontalAdvance(QString(28, QLatin1Char('0'))) +
                           txtFita->verticalScrollBar()->sizeHint().width() + 16;
     m_tapeWidth = tapeWidth + 12;
+    findChild<QWidget*>(QStringLiteral("fraCorpo"))->setMaximumWidth(m_tapeWidth);
     fitWidth();
     fraTeclado->setVisible(!m_settings.keypadHidden);
 }
