@@ -610,6 +610,25 @@ void FrmCalcula::languageShown() {
     fitWidth();
 }
 
+bool FrmCalcula::event(QEvent* event) {
+    // The frame the window manager adds (title bar, borders) is known only once it has framed the
+    // window: the first time it is, the framed window is fitted onto the screen again.
+    if (!m_frameKept && (event->type() == QEvent::Move || event->type() == QEvent::Resize) && isVisible()) {
+        const QRect inner = geometry();
+        const QRect outer = frameGeometry();
+        const QMargins frame(inner.left() - outer.left(), inner.top() - outer.top(),
+                             outer.right() - inner.right(), outer.bottom() - inner.bottom());
+        if (!frame.isNull()) {
+            m_frameKept = true;
+            const QRect placed = keepOnScreen(inner, screenAreas(), frame);
+            if (placed != inner) {
+                QTimer::singleShot(0, this, [this, placed] { setGeometry(placed); });
+            }
+        }
+    }
+    return QMainWindow::event(event);
+}
+
 void FrmCalcula::restoreGeometry() {
     const QSize design = sizeHint().expandedTo(QSize(minimumWidth(), 560));
     const QRect wanted(m_settings.left.value_or(0), m_settings.top, design.width(),

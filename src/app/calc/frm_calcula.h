@@ -76,6 +76,7 @@ protected:
     void closeEvent(QCloseEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     void changeEvent(QEvent* event) override;
+    bool event(QEvent* event) override;
 
 private:
     // An option that is on or off: its menu item's check mark is the setting.
@@ -150,6 +151,7 @@ private:
     Captions* m_captions = nullptr;
     bool m_deleteArmed = false;
     bool m_syntheticNumLock = false;
+    bool m_frameKept = false;  // the window manager's frame was seen and the window fitted inside it
     int m_tapeWidth = 0;
     QString m_ownClipboardText;
 

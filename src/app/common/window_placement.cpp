@@ -6,20 +6,21 @@
 
 namespace zv::app {
 
-QRect keepOnScreen(QRect wanted, const QList<QRect>& areas) {
+QRect keepOnScreen(QRect wanted, const QList<QRect>& areas, const QMargins& frame) {
     if (areas.isEmpty()) {
         return wanted;
     }
+    QRect framed = wanted.marginsAdded(frame);
     const auto touched =
-        std::find_if(areas.begin(), areas.end(), [&](const QRect& area) { return area.intersects(wanted); });
+        std::find_if(areas.begin(), areas.end(), [&](const QRect& area) { return area.intersects(framed); });
     const QRect area = touched != areas.end() ? *touched : areas.first();
     if (touched == areas.end()) {
-        wanted.moveCenter(area.center());
+        framed.moveCenter(area.center());
     }
-    wanted.setSize(wanted.size().boundedTo(area.size()));
-    wanted.moveLeft(std::clamp(wanted.left(), area.left(), area.left() + area.width() - wanted.width()));
-    wanted.moveTop(std::clamp(wanted.top(), area.top(), area.top() + area.height() - wanted.height()));
-    return wanted;
+    framed.setSize(framed.size().boundedTo(area.size()));
+    framed.moveLeft(std::clamp(framed.left(), area.left(), area.left() + area.width() - framed.width()));
+    framed.moveTop(std::clamp(framed.top(), area.top(), area.top() + area.height() - framed.height()));
+    return framed.marginsRemoved(frame);
 }
 
 QList<QRect> screenAreas() {
