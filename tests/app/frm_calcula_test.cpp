@@ -249,7 +249,26 @@ private slots:
         QCOMPARE(child<QWidget>(*m_w, "fraVisor")->palette().color(QPalette::Window),
                  QColor(0x80, 0xFF, 0x80));
         QVERIFY(child<QWidget>(*m_w, "chkMais")->styleSheet().contains(u"#80ffff"_s));
+        auto* picture = child<QLabel>(*m_w, "imgUSA");
+        QVERIFY(!picture->isVisible());
+        trigger("mnuCor2");
+        QVERIFY(picture->isVisible());
+        // Its red, white and blue, each over a good part of it.
+        const QImage image = picture->pixmap().toImage();
+        int red = 0, white = 0, blue = 0;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                const QColor c = image.pixelColor(x, y);
+                red += c.red() > 150 && c.green() < 80 ? 1 : 0;
+                white += c.red() > 230 && c.green() > 230 && c.blue() > 230 ? 1 : 0;
+                blue += c.blue() > 90 && c.red() < 90 ? 1 : 0;
+            }
+        }
+        const int area = image.width() * image.height();
+        QVERIFY2(red > area / 6 && white > area / 6 && blue > area / 10,
+                 qPrintable(u"%1 %2 %3 of %4"_s.arg(red).arg(white).arg(blue).arg(area)));
         trigger("mnuCor1");
+        QVERIFY(!picture->isVisible());
         // Colours are stored blue-green-red: 0xFF0000 is blue.
         QCOMPARE(child<QWidget>(*m_w, "txtFita")->palette().color(QPalette::Text), QColor(0, 0, 0xFF));
     }

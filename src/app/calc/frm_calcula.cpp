@@ -215,10 +215,17 @@ void FrmCalcula::buildWidgets() {
     displayRow->addWidget(lblVisor0, 1);
     column->addWidget(display);
 
+    // The total's row; on its left the picture of the "USA" colour scheme, when that is chosen.
+    auto* totalRow = new QHBoxLayout;
+    auto* imgUSA = new QLabel(central);
+    imgUSA->setObjectName(QStringLiteral("imgUSA"));
+    imgUSA->hide();
     lblTotal = new QLabel(central);
     lblTotal->setObjectName(QStringLiteral("lblTotal"));
     lblTotal->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    column->addWidget(lblTotal);
+    totalRow->addWidget(imgUSA);
+    totalRow->addWidget(lblTotal, 1);
+    column->addLayout(totalRow);
 
     fraTeclado = new QFrame(central);
     fraTeclado->setObjectName(QStringLiteral("fraTeclado"));
@@ -600,9 +607,10 @@ void FrmCalcula::fitWidth() {
 }
 
 void FrmCalcula::applyColours() {
-    applyColourScheme(m_settings.colourScheme,
-                      SchemeTargets{centralWidget(), fraTeclado, txtFita,
-                                    findChild<QFrame*>(QStringLiteral("fraVisor")), m_operatorKeys});
+    applyColourScheme(
+        m_settings.colourScheme,
+        SchemeTargets{centralWidget(), fraTeclado, txtFita, findChild<QFrame*>(QStringLiteral("fraVisor")),
+                      m_operatorKeys, findChild<QLabel*>(QStringLiteral("imgUSA"))});
 }
 
 void FrmCalcula::languageShown() {
