@@ -20,6 +20,7 @@
 #include "app/common/startup_entry.h"
 #include "app/common/ui_language.h"
 #include "app/tray/frm_sys_tray.h"
+#include "app/tray/native_hotkey.h"
 #include "app/tray/power_off_factory.h"
 #include "app/tray/single_copy.h"
 #include "core/common/clock.h"
@@ -141,6 +142,7 @@ int main(int argc, char** argv) {
                 QDir::toNativeSeparators(QCoreApplication::applicationDirPath()).toStdString());
             return result.created ? std::optional<std::string>(result.where) : std::nullopt;
         };
+        trayContext.hotkey = std::make_unique<zv::app::NativeHotkey>(x11Display());
         tray = std::make_unique<zv::app::FrmSysTray>(shared, std::move(trayContext));
     }
 

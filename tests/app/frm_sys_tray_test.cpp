@@ -1,9 +1,10 @@
-// The tray program's commands with a clock, dialogs, registry and power switch of the test's own:
-// the real power-off is never reachable from here.
+// The tray program's commands with a clock, dialogs, registry, power switch and global shortcut of
+// the test's own: the real power-off and the desktop's keys are never reachable from here.
 #include <QAction>
 #include <QMenu>
 #include <QSignalSpy>
 #include <QtTest>
+#include <functional>
 
 #include "app/calc/frm_calcula.h"
 #include "app/tray/frm_sys_tray.h"
@@ -16,18 +17,41 @@ using fakes::pt;
 using Answer = app::Dialogs::Answer;
 namespace txt = common::txt;
 
+// Grants Ctrl+Shift+C or refuses it, as the test says, and keeps what a press would run.
+class ScriptedHotkey final : public platform::GlobalHotkey {
+public:
+    ScriptedHotkey(bool grant, std::function<void()>* pressed) : m_grant(grant), m_pressed(pressed) {}
+    bool registerCtrlShiftC(std::function<void()> pressed) override {
+        if (m_grant) {
+            *m_pressed = std::move(pressed);
+        }
+        return m_grant;
+    }
+
+private:
+    bool m_grant;
+    std::function<void()>* m_pressed;
+};
+
+enum class Hotkey { None, Refused, Granted };
+Q_DECLARE_METATYPE(Hotkey)
+
 class FrmSysTrayTest : public QObject {
     Q_OBJECT
 
     std::unique_ptr<fakes::WindowServices> m_s;
     fakes::MemoryRegistry m_registry;
     int m_powerOffs = 0;
+    std::function<void()> m_pressHotkey;
 
-    std::unique_ptr<app::FrmSysTray> open(bool withRegistry = true) {
+    std::unique_ptr<app::FrmSysTray> open(bool withRegistry = true, Hotkey hotkey = Hotkey::None) {
         app::TrayContext context;
         context.registry = withRegistry ? &m_registry : nullptr;
         context.powerOff = [this] { ++m_powerOffs; };
         context.createShortcut = [] { return std::optional<std::string>("/home/user/.local/share"); };
+        if (hotkey != Hotkey::None) {
+            context.hotkey = std::make_unique<ScriptedHotkey>(hotkey == Hotkey::Granted, &m_pressHotkey);
+        }
         return std::make_unique<app::FrmSysTray>(m_s->context(), std::move(context));
     }
     void at(int h, int m, int s) { m_s->clock = fakes::FakeClock({2026, 11, 21, h, m, s}); }
@@ -47,12 +71,12 @@ private slots:
         m_s = std::make_unique<fakes::WindowServices>();
         m_registry = fakes::MemoryRegistry{};
         m_powerOffs = 0;
+        m_pressHotkey = nullptr;
         at(14, 0, 0);
     }
 
     void menuInEveryLanguage() {
         auto tray = open();
-        QCOMPARE(action(*tray, "mnuSystray")->text(), pt(txt::kMnuSystray, "   Ctrl+Shift+C"));
         QVERIFY(action(*tray, "mnuSystray")->font().bold());
         QCOMPARE(tray->trayMenu()->defaultAction(), action(*tray, "mnuSystray"));
         QCOMPARE(action(*tray, "mnuAlarme")->text(), u"Agendar Hor\u00E1rio para Alarme"_s);
@@ -70,6 +94,38 @@ private slots:
         QCOMPARE(action(*tray, "mnuSair")->text(), u"Salir"_s);
         auto* calcUtil = fakes::child<QAction>(calculator, "mnuUtil");
         QCOMPARE(calcUtil->menu()->actions(), tray->utilitiesMenu()->actions());
+    }
+
+    void showCaptionNamesTheShortcutOnlyWhenGranted_data() {
+        QTest::addColumn<Hotkey>("hotkey");
+        QTest::addColumn<QString>("portuguese");
+        QTest::addColumn<QString>("spanish");
+        // The text keeps its own blank before the shortcut.
+        QTest::newRow("granted") << Hotkey::Granted << u"Exibir Calculadora    Ctrl+Shift+C"_s
+                                 << u"Mostrar Calculadora    Ctrl+Shift+C"_s;
+        QTest::newRow("held by another program")
+            << Hotkey::Refused << u"Exibir Calculadora"_s << u"Mostrar Calculadora"_s;
+        QTest::newRow("no way to register")
+            << Hotkey::None << u"Exibir Calculadora"_s << u"Mostrar Calculadora"_s;
+    }
+
+    void showCaptionNamesTheShortcutOnlyWhenGranted() {
+        QFETCH(Hotkey, hotkey);
+        QFETCH(QString, portuguese);
+        QFETCH(QString, spanish);
+        auto tray = open(true, hotkey);
+        QCOMPARE(action(*tray, "mnuSystray")->text(), portuguese);
+        m_s->language.set(common::Language::Spanish);
+        QCOMPARE(action(*tray, "mnuSystray")->text(), spanish);
+    }
+
+    void shortcutShowsTheCalculator() {
+        auto tray = open(true, Hotkey::Granted);
+        QWidget calculator;
+        tray->setCalculator(&calculator);
+        QVERIFY(m_pressHotkey);
+        m_pressHotkey();
+        QVERIFY(calculator.isVisible());
     }
 
     void alarmFiresInItsFiveSecondsAndClears() {

@@ -38,12 +38,13 @@ FrmSysTray::FrmSysTray(const AppContext& app, TrayContext context, QObject* pare
     };
     m_menu = new QMenu;
     m_menu->setObjectName(QStringLiteral("mnu0"));
-    QAction* mnuSystray = addAction(m_menu, "mnuSystray", &FrmSysTray::mnuSystray_Click);
+    mnuSystray = addAction(m_menu, "mnuSystray", &FrmSysTray::mnuSystray_Click);
     QFont bold = mnuSystray->font();
     bold.setBold(true);
     mnuSystray->setFont(bold);
     m_menu->setDefaultAction(mnuSystray);
-    m_captions->add(mnuSystray, txt::kMnuSystray, Captions::Part::Caption, QStringLiteral("   Ctrl+Shift+C"));
+    m_hotkeyRegistered =
+        m_ctx.hotkey != nullptr && m_ctx.hotkey->registerCtrlShiftC([this] { mnuSystray_Click(); });
     m_menu->addSeparator();
     m_util = m_menu->addMenu(QString());
     m_util->setObjectName(QStringLiteral("mnuUtil"));
@@ -62,7 +63,9 @@ FrmSysTray::FrmSysTray(const AppContext& app, TrayContext context, QObject* pare
     m_captions->add(addAction(m_util, "mnuAtalho", &FrmSysTray::mnuAtalho_Click), txt::kMnuAtalho);
     m_menu->addSeparator();
     m_captions->add(addAction(m_menu, "mnuSair", &FrmSysTray::mnuSair_Click), txt::kMnuSair);
+    connect(m_captions, &Captions::relabelled, this, &FrmSysTray::labelSystray);
     connect(m_captions, &Captions::relabelled, this, &FrmSysTray::showSchedule);
+    labelSystray();
     showSchedule();
 
     if (config.boolean(common::settings::kMenuXP).value_or(true)) {
@@ -89,6 +92,11 @@ FrmSysTray::~FrmSysTray() {
 
 QString FrmSysTray::text(int code, const QString& arg1, const QString& arg2) const {
     return m_captions->text(code, arg1, arg2);
+}
+
+void FrmSysTray::labelSystray() {
+    mnuSystray->setText(m_hotkeyRegistered ? text(txt::kMnuSystray, QStringLiteral("   Ctrl+Shift+C"))
+                                           : text(txt::kMnuSystray).trimmed());
 }
 
 void FrmSysTray::showSchedule() {

@@ -5,11 +5,13 @@
 #include <QPointer>
 #include <QTimer>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 
 #include "app/common/app_context.h"
 #include "core/tray/schedule.h"
+#include "platform/global_hotkey.h"
 
 class QAction;
 class QMenu;
@@ -31,11 +33,14 @@ struct TrayContext {
     std::function<void()> powerOff;      // switches the computer off
     // Creates the program's shortcut; where it went, or nullopt when it could not be made.
     std::function<std::optional<std::string>()> createShortcut;
+    // Ctrl+Shift+C for the whole desktop, registered when the tray starts; none: not offered.
+    std::unique_ptr<platform::GlobalHotkey> hotkey;
 };
 
 // frmSysTray: the program's icon in the notification area and its menu mnu0 (show the
 // calculator, the utilities, exit), the alarm and the timed shutdown with their two timers,
-// the workstation restrictions and the shortcut.
+// the workstation restrictions and the shortcut. Ctrl+Shift+C shows the calculator, and the menu
+// names it, only while the system has granted it.
 class FrmSysTray final : public QObject {
     Q_OBJECT
 public:
@@ -74,6 +79,8 @@ private:
     QString text(int code, const QString& arg1 = {}, const QString& arg2 = {}) const;
     // The alarm and shutdown items say the time they are set for.
     void showSchedule();
+    // "Exibir Calculadora" names Ctrl+Shift+C only when the combination was registered.
+    void labelSystray();
     struct TypedTime {
         QString typed;  // as the user typed it, blanks around taken off
         int seconds;    // the time of day
@@ -95,6 +102,8 @@ private:
     int m_iconFrame = 0;
     QMenu* m_menu = nullptr;
     QMenu* m_util = nullptr;
+    QAction* mnuSystray = nullptr;
+    bool m_hotkeyRegistered = false;
     QAction* mnuAlarme = nullptr;
     QAction* mnuDesligar = nullptr;
     QAction* mnuProteger = nullptr;
