@@ -9,6 +9,7 @@
 #include "core/calc/calculator.h"
 #include "fakes/fake_clock.h"
 #include "fakes/mirror_sink.h"
+#include "press_keys.h"
 
 namespace zv::calc {
 namespace {
@@ -89,24 +90,6 @@ TEST(Property, RandomKeysKeepTheTapeTrue) {
             const char action = actions[pick(random)];
             keys += action;
             switch (action) {
-                case 'E':
-                    calc.Form_KeyPress(key::kEnter);
-                    break;
-                case '~':
-                    calc.changeSign();
-                    break;
-                case 'B':
-                    calc.backspace();
-                    break;
-                case 'C':
-                    calc.clearEntry();
-                    break;
-                case 'U':
-                    calc.undo();
-                    break;
-                case 'R':
-                    calc.redo();
-                    break;
                 case 'T':
                     options.timeMode = !options.timeMode;
                     calc.setOptions(options);
@@ -132,7 +115,7 @@ TEST(Property, RandomKeysKeepTheTapeTrue) {
                     calc.applyEdit(withFirstAmountChanged(calc.tape().text()));
                     break;
                 default:
-                    calc.Form_KeyPress(static_cast<unsigned char>(action));
+                    press(calc, std::string_view(&action, 1));
             }
             SCOPED_TRACE("run " + std::to_string(run) + ", keys " + keys);
             checkInvariants(calc, file);

@@ -10,6 +10,7 @@
 #include "fakes/memory_backup.h"
 #include "fakes/mirror_sink.h"
 #include "fakes/sample_text.h"
+#include "press_keys.h"
 
 namespace zv::calc {
 namespace {
@@ -21,35 +22,6 @@ const std::string kHeading = "21/11/2026 ==============\r\n";  // the fake clock
 const CalculatorOptions kFixed{.format = NumberFormat::Fixed};
 const CalculatorOptions kNumeral{.format = NumberFormat::Numeral};
 const CalculatorOptions kTime{.timeMode = true};
-
-// Keys as the user presses them; beside the characters: '~' the sign key, 'C' clear entry,
-// 'B' backspace, 'E' Enter, 'U' undo, 'R' redo.
-void press(Calculator& calc, std::string_view keys) {
-    for (const char k : keys) {
-        switch (k) {
-            case '~':
-                calc.changeSign();
-                break;
-            case 'C':
-                calc.clearEntry();
-                break;
-            case 'B':
-                calc.backspace();
-                break;
-            case 'E':
-                calc.Form_KeyPress(key::kEnter);
-                break;
-            case 'U':
-                calc.undo();
-                break;
-            case 'R':
-                calc.redo();
-                break;
-            default:
-                calc.Form_KeyPress(static_cast<unsigned char>(k));
-        }
-    }
-}
 
 Calculator typed(std::string_view keys, CalculatorOptions options = {}, const common::Regional& r = kBrazil) {
     Calculator calc(r, options);
