@@ -21,6 +21,7 @@ class FrmSysTrayTest : public QObject {
     std::unique_ptr<fakes::WindowServices> m_s;
     fakes::MemoryRegistry m_registry;
     int m_powerOffs = 0;
+    std::unique_ptr<app::FrmSysTray> m_tray;
 
     std::unique_ptr<app::FrmSysTray> open(bool withRegistry = true) {
         app::TrayContext context;
@@ -29,116 +30,109 @@ class FrmSysTrayTest : public QObject {
         context.createShortcut = [] { return std::optional<std::string>("/home/user/.local/share"); };
         return std::make_unique<app::FrmSysTray>(m_s->context(), std::move(context));
     }
-    void at(int h, int m, int s) { m_s->clock = fakes::FakeClock({2026, 11, 21, h, m, s}); }
-    static QAction* action(const app::FrmSysTray& tray, const char* name) {
-        return fakes::child<QAction>(*tray.trayMenu(), name);
+    QAction* action(const char* name, const app::FrmSysTray* tray = nullptr) const {
+        return fakes::child<QAction>(*(tray != nullptr ? tray : m_tray.get())->trayMenu(), name);
+    }
+    // The one-second timer ticks with the clock at h:m:s.
+    void tick(int h, int m, int s) {
+        m_s->clock = fakes::FakeClock({2026, 11, 21, h, m, s});
+        m_tray->tmrTempo_Timer();
     }
     // Chooses `name` and answers its questions: the typed lines in turn, then `reply`.
-    void choose(const app::FrmSysTray& tray, const char* name, QStringList typed,
-                Answer reply = Answer::Yes) {
+    void choose(const char* name, QStringList typed, Answer reply = Answer::Yes) {
         m_s->dialogs.answers = std::move(typed);
         m_s->dialogs.reply = reply;
-        action(tray, name)->trigger();
+        action(name)->trigger();
     }
+    QString lastMessage() const { return m_s->dialogs.messages.value(m_s->dialogs.messages.size() - 1); }
 
 private slots:
     void init() {
         m_s = std::make_unique<fakes::WindowServices>();
+        m_s->clock = fakes::FakeClock({2026, 11, 21, 14, 0, 0});
         m_registry = fakes::MemoryRegistry{};
         m_powerOffs = 0;
-        at(14, 0, 0);
+        m_tray = open();
     }
+    void cleanup() { m_tray.reset(); }
 
     void menuInEveryLanguage() {
-        auto tray = open();
-        QCOMPARE(action(*tray, "mnuSystray")->text(), pt(txt::kMnuSystray, "   Ctrl+Shift+C"));
-        QVERIFY(action(*tray, "mnuSystray")->font().bold());
-        QCOMPARE(tray->trayMenu()->defaultAction(), action(*tray, "mnuSystray"));
-        QCOMPARE(action(*tray, "mnuAlarme")->text(), u"Agendar Hor\u00E1rio para Alarme"_s);
+        QCOMPARE(action("mnuSystray")->text(), pt(txt::kMnuSystray, "   Ctrl+Shift+C"));
+        QVERIFY(action("mnuSystray")->font().bold());
+        QCOMPARE(m_tray->trayMenu()->defaultAction(), action("mnuSystray"));
+        QCOMPARE(action("mnuAlarme")->text(), u"Agendar Hor\u00E1rio para Alarme"_s);
         m_s->language.set(common::Language::Spanish);
-        QCOMPARE(tray->utilitiesMenu()->title(), u"Herramientas"_s);
-        QCOMPARE(action(*tray, "mnuSair")->text(), u"Salir"_s);
+        QCOMPARE(m_tray->utilitiesMenu()->title(), u"Herramientas"_s);
+        QCOMPARE(action("mnuSair")->text(), u"Salir"_s);
     }
 
     void alarmFiresInItsFiveSecondsAndClears() {
-        auto tray = open();
-        choose(*tray, "mnuAlarme", {u"14:05:30"_s, u"reuni\u00E3o"_s});
-        QCOMPARE(action(*tray, "mnuAlarme")->text(), pt(txt::kMnuAlarmeAt, "14:05:30"));
-        QVERIFY(tray->watchRunning());
-        at(14, 5, 30);
-        tray->tmrTempo_Timer();
+        choose("mnuAlarme", {u"14:05:30"_s, u"reuni\u00E3o"_s});
+        QCOMPARE(action("mnuAlarme")->text(), pt(txt::kMnuAlarmeAt, "14:05:30"));
+        QVERIFY(m_tray->watchRunning());
+        tick(14, 5, 30);
         QCOMPARE(m_s->dialogs.messages, QStringList());
-        at(14, 5, 32);
-        tray->tmrTempo_Timer();
+        tick(14, 5, 32);
         QCOMPARE(m_s->dialogs.messages, QStringList{pt(txt::kAlarmMessage, "14:05:30", "REUNI\u00C3O")});
-        QVERIFY(!action(*tray, "mnuAlarme")->isChecked());
-        QVERIFY(!tray->watchRunning());
+        QVERIFY(!action("mnuAlarme")->isChecked());
+        QVERIFY(!m_tray->watchRunning());
     }
 
     void refusedOrCancelledSchedules() {
-        auto tray = open();
-        choose(*tray, "mnuAlarme", {u"25:00"_s});
-        QCOMPARE(m_s->dialogs.messages.last(), pt(txt::kScheduleCancelled));
-        choose(*tray, "mnuAlarme", {u"15:00"_s});  // the reason box cancelled
-        QVERIFY(!tray->schedule().alarmScheduled());
-        choose(*tray, "mnuDesligar", {u"18:30"_s}, Answer::No);
-        QCOMPARE(m_s->dialogs.messages.last(), pt(txt::kScheduleCancelled));
-        QVERIFY(!tray->schedule().shutdownScheduled());
+        choose("mnuAlarme", {u"25:00"_s});
+        QCOMPARE(lastMessage(), pt(txt::kScheduleCancelled));
+        choose("mnuAlarme", {u"15:00"_s});  // the reason box cancelled
+        QVERIFY(!m_tray->schedule().alarmScheduled());
+        choose("mnuDesligar", {u"18:30"_s}, Answer::No);
+        QCOMPARE(lastMessage(), pt(txt::kScheduleCancelled));
+        QVERIFY(!m_tray->schedule().shutdownScheduled());
         // Choosing a scheduled item again cancels it.
-        choose(*tray, "mnuDesligar", {u"18:30"_s});
-        QCOMPARE(m_s->dialogs.messages.last(), pt(txt::kConfirmShutdown, "18:30"));
-        QVERIFY(action(*tray, "mnuDesligar")->isChecked());
-        action(*tray, "mnuDesligar")->trigger();
-        QVERIFY(!action(*tray, "mnuDesligar")->isChecked());
-        QCOMPARE(action(*tray, "mnuDesligar")->text(), pt(txt::kMnuDesligar).trimmed());
+        choose("mnuDesligar", {u"18:30"_s});
+        QCOMPARE(lastMessage(), pt(txt::kConfirmShutdown, "18:30"));
+        QVERIFY(action("mnuDesligar")->isChecked());
+        action("mnuDesligar")->trigger();
+        QVERIFY(!action("mnuDesligar")->isChecked());
+        QCOMPARE(action("mnuDesligar")->text(), pt(txt::kMnuDesligar).trimmed());
     }
 
     void shutdownWarnsBlinkingThenSwitchesOff() {
-        auto tray = open();
-        QSignalSpy quit(tray.get(), &app::FrmSysTray::quitRequested);
-        choose(*tray, "mnuDesligar", {u"10:00"_s});
-        QCOMPARE(action(*tray, "mnuDesligar")->text(), pt(txt::kMnuDesligarAt, "10:00:00"));
-        at(9, 59, 30);
-        tray->tmrTempo_Timer();
-        QVERIFY(!tray->blinkRunning());
-        at(9, 59, 41);
-        tray->tmrTempo_Timer();
-        QVERIFY(tray->blinkRunning());
-        tray->tmrTray_Timer();
-        const int first = tray->iconFrame();
-        tray->tmrTray_Timer();
-        QVERIFY(tray->iconFrame() != first);
+        QSignalSpy quit(m_tray.get(), &app::FrmSysTray::quitRequested);
+        choose("mnuDesligar", {u"10:00"_s});
+        QCOMPARE(action("mnuDesligar")->text(), pt(txt::kMnuDesligarAt, "10:00:00"));
+        tick(9, 59, 30);
+        QVERIFY(!m_tray->blinkRunning());
+        tick(9, 59, 41);
+        QVERIFY(m_tray->blinkRunning());
+        m_tray->tmrTray_Timer();
+        const int first = m_tray->iconFrame();
+        m_tray->tmrTray_Timer();
+        QVERIFY(m_tray->iconFrame() != first);
         QCOMPARE(m_powerOffs, 0);
-        at(10, 0, 2);
-        tray->tmrTempo_Timer();
-        tray->tmrTray_Timer();
-        QCOMPARE(m_powerOffs, 1);
-        QCOMPARE(quit.count(), 1);
+        tick(10, 0, 2);
+        m_tray->tmrTray_Timer();
+        QCOMPARE(std::pair(m_powerOffs, static_cast<int>(quit.count())), std::pair(1, 1));
     }
 
     void protectionWritesAndRemovesThePolicies() {
-        auto tray = open();
-        QAction* proteger = action(*tray, "mnuProteger");
+        QAction* proteger = action("mnuProteger");
         QVERIFY(proteger->isVisible());
-        choose(*tray, "mnuProteger", {}, Answer::No);
-        QVERIFY(!proteger->isChecked());
-        QVERIFY(m_registry.calls.empty());
-        choose(*tray, "mnuProteger", {});
-        QVERIFY(proteger->isChecked());
-        QCOMPARE(m_s->dialogs.messages.last(), pt(txt::kProtectionOn));
+        choose("mnuProteger", {}, Answer::No);
+        QVERIFY(!proteger->isChecked() && m_registry.calls.empty());
+        choose("mnuProteger", {});
+        QCOMPARE(lastMessage(), pt(txt::kProtectionOn));
         QCOMPARE(m_registry.calls.size(), std::size_t{17});
-        QVERIFY(action(*open(), "mnuProteger")->isChecked());  // at the next start
+        QVERIFY(proteger->isChecked() &&
+                action("mnuProteger", open().get())->isChecked());  // and at the next start
         proteger->trigger();
-        QCOMPARE(m_s->dialogs.messages.last(), pt(txt::kProtectionOff));
+        QCOMPARE(lastMessage(), pt(txt::kProtectionOff));
         QCOMPARE(m_registry.calls.size(), std::size_t{33});
-        QVERIFY(!action(*open(), "mnuProteger")->isChecked());
+        QVERIFY(!action("mnuProteger", open().get())->isChecked());
         // No policies on this system: the item is not offered.
-        QVERIFY(!action(*open(false), "mnuProteger")->isVisible());
+        QVERIFY(!action("mnuProteger", open(false).get())->isVisible());
     }
 
     void shortcutSaysWhereItWent() {
-        auto tray = open();
-        action(*tray, "mnuAtalho")->trigger();
+        action("mnuAtalho")->trigger();
         QCOMPARE(m_s->dialogs.messages, QStringList{pt(txt::kShortcutCreated, "/home/user/.local/share")});
     }
 };
