@@ -241,14 +241,11 @@ private slots:
         QVERIFY(!child<QAction>(*m_w, "mnuNumLock")->isChecked());
         QVERIFY(!child<QWidget>(*m_w, "fraTeclado")->isVisible());
         QCOMPARE(child<QMenu>(*m_w, "mnuFita")->title(), u"Calculation &List"_s);
-        QCOMPARE(tape(), line("7", "+") + line("8", "+"));  // numerals: no forced decimals
-    }
-
-    void colourSchemeIsApplied() {
-        trigger("mnuCor3");
         QCOMPARE(child<QWidget>(*m_w, "fraVisor")->palette().color(QPalette::Window),
                  QColor(0x80, 0xFF, 0x80));
+        // Colours are stored blue-green-red: the scheme's 0xFFFF80 is light cyan.
         QVERIFY(child<QWidget>(*m_w, "chkMais")->styleSheet().contains(u"#80ffff"_s));
+        QCOMPARE(tape(), line("7", "+") + line("8", "+"));  // numerals: no forced decimals
         auto* picture = child<QLabel>(*m_w, "imgUSA");
         QVERIFY(!picture->isVisible());
         trigger("mnuCor2");

@@ -37,22 +37,16 @@ private slots:
     }
 
     void valuesRoundTripThroughANewStore() {
-        struct Case {
-            const char* label;
-            const char* section;
-            const char* key;
-            const char* value;
-        };
-        const Case cases[] = {
+        const std::tuple<const char*, const char*, const char*, const char*> cases[] = {
             {"non-ASCII key and value", "Promissoria", "Endereço", "Rua São João, 12"},
             {"numbered section", "Cheque1", "lblMêsL", "3120"},
             {"like a settings marker", "Configura", "UltimoPath", "@C:\\Relatórios"},
             {"empty", "Configura", "ImpDispo", ""},
             {"a boolean kept as written", "Configura", "Visivel", "True"},
         };
-        for (const Case& c : cases) {
-            QVERIFY2(QSettingsStore().write(c.section, c.key, c.value), c.label);
-            QVERIFY2(QSettingsStore().read(c.section, c.key) == Value(c.value), c.label);
+        for (const auto& [label, section, key, value] : cases) {
+            QVERIFY2(QSettingsStore().write(section, key, value), label);
+            QVERIFY2(QSettingsStore().read(section, key) == Value(value), label);
         }
     }
 

@@ -22,7 +22,6 @@
 
 using namespace zv;
 using namespace Qt::StringLiterals;
-using fakes::child;
 using L = common::Language;
 namespace txt = common::txt;
 
@@ -34,15 +33,15 @@ public:
     SampleTool(const app::AppContext& app, QWidget* parent)
         : ToolWindow(app, "frmAmostra", txt::kMnuJuro, parent) {
         auto* column = new QVBoxLayout(this);
-        auto* caption = new QLabel(this);
-        caption->setObjectName(u"lblAmostra"_s);
         captions().add(caption, txt::kMnuRegra);
         column->addWidget(caption);
-        column->addWidget(new QLineEdit(this));
+        column->addWidget(field);
         ++built;
     }
     void writeResult(std::string_view block) const { app().appendToTape(block); }
 
+    QLabel* caption = new QLabel(this);
+    QLineEdit* field = new QLineEdit(this);
     static inline int built = 0;
 };
 
@@ -53,31 +52,26 @@ class WindowKitTest : public QObject {
 
     std::unique_ptr<fakes::WindowServices> m_s;
     app::AppContext m_app;
-    std::unique_ptr<QWidget> m_owner;
-    std::unique_ptr<app::ToolWindows> m_tools;
+    QWidget m_owner;
+    std::optional<app::ToolWindows> m_tools;
 
 private slots:
     void init() {
         m_s = std::make_unique<fakes::WindowServices>();
         m_app = m_s->context();
-        m_owner = std::make_unique<QWidget>();
-        m_tools = std::make_unique<app::ToolWindows>(m_app, m_owner.get());
+        m_tools.emplace(m_app, &m_owner);
         SampleTool::built = 0;
     }
-    void cleanup() {
-        m_tools.reset();
-        m_owner.reset();
-    }
+    void cleanup() { m_tools.reset(); }
 
     void aToolIsOpenedOnceAndBroughtBackAsItWasLeft() {
         SampleTool* tool = m_tools->open<SampleTool>();
-        auto* field = tool->findChild<QLineEdit*>();
-        field->setText(u"12,5"_s);
-        QTest::keyClick(field, Qt::Key_Escape);  // Esc closes it, wherever the focus is
+        tool->field->setText(u"12,5"_s);
+        QTest::keyClick(tool->field, Qt::Key_Escape);  // Esc closes it, wherever the focus is
         QVERIFY(!tool->isVisible());
         QCOMPARE(m_tools->open<SampleTool>(), tool);
         QVERIFY(tool->isVisible());
-        QCOMPARE(field->text(), u"12,5"_s);
+        QCOMPARE(tool->field->text(), u"12,5"_s);
         QCOMPARE(SampleTool::built, 1);
     }
 
@@ -86,7 +80,7 @@ private slots:
         for (const L language : {L::Portuguese, L::Spanish}) {
             m_s->language.set(language);
             QCOMPARE(tool->windowTitle(), fakes::text(language, txt::kMnuJuro));
-            QCOMPARE(child<QLabel>(*tool, "lblAmostra")->text(), fakes::text(language, txt::kMnuRegra));
+            QCOMPARE(tool->caption->text(), fakes::text(language, txt::kMnuRegra));
         }
     }
 
@@ -110,49 +104,37 @@ private slots:
 
     void questionButtonsSpeakTheLanguageAndCancelIsAnAnswer() {
         using B = app::Dialogs::Buttons;
-        using A = app::Dialogs::Answer;
         using M = QMessageBox;
-        struct Case {
-            const char* label;
-            L language;
-            B buttons;
-            QStringList words;
-            M::StandardButton press;  // NoButton: Esc
-            A answer;
+        const char* const answers[] = {"Yes", "No", "Cancel"};
+        // Pressing NoButton presses Esc. Expected: the buttons' words, then the answer.
+        const std::tuple<const char*, L, B, M::StandardButton, QString> cases[] = {
+            {"Portuguese, yes", L::Portuguese, B::YesNo, M::Yes, u"&Sim &Não: Yes"_s},
+            {"English, cancel", L::English, B::YesNoCancel, M::Cancel, u"&Yes &No &Cancel: Cancel"_s},
+            {"Spanish, no", L::Spanish, B::YesNoCancel, M::No, u"&Sí &No &Cancelar: No"_s},
+            {"Esc", L::Portuguese, B::YesNoCancel, M::NoButton, u"&Sim &Não &Cancelar: Cancel"_s},
+            {"Esc, no cancel button", L::English, B::YesNo, M::NoButton, u"&Yes &No: No"_s},
         };
-        const Case cases[] = {
-            {"Portuguese, yes", L::Portuguese, B::YesNo, {"&Sim", "&Não"}, M::Yes, A::Yes},
-            {"English, cancel", L::English, B::YesNoCancel, {"&Yes", "&No", "&Cancel"}, M::Cancel, A::Cancel},
-            {"Spanish, no", L::Spanish, B::YesNoCancel, {"&Sí", "&No", "&Cancelar"}, M::No, A::No},
-            {"Esc", L::Portuguese, B::YesNoCancel, {"&Sim", "&Não", "&Cancelar"}, M::NoButton, A::Cancel},
-            {"Esc, no cancel button", L::English, B::YesNo, {"&Yes", "&No"}, M::NoButton, A::No},
-        };
-        for (const Case& c : cases) {
-            m_s->language.set(c.language);
+        for (const auto& [label, language, buttons, press, expected] : cases) {
+            m_s->language.set(language);
             QStringList shown;
-            QTimer::singleShot(0, this, [&] {
+            QTimer::singleShot(0, this, [&shown, press = press] {
                 auto* box = qobject_cast<M*>(QApplication::activeModalWidget());
-                QVERIFY(box != nullptr);
                 for (const M::StandardButton standard : {M::Yes, M::No, M::Cancel}) {
                     if (QAbstractButton* button = box->button(standard)) {
                         shown << button->text();
                     }
                 }
-                if (c.press == M::NoButton) {
-                    QTest::keyClick(box, Qt::Key_Escape);
-                } else {
-                    box->button(c.press)->click();
-                }
+                press == M::NoButton ? QTest::keyClick(box, Qt::Key_Escape) : box->button(press)->click();
             });
-            const A answer = app::DesktopDialogs(m_s->language).question(m_owner.get(), u"?"_s, c.buttons);
-            QVERIFY2(shown == c.words, c.label);
-            QVERIFY2(answer == c.answer, c.label);
+            const auto answer = app::DesktopDialogs(m_s->language).question(&m_owner, u"?"_s, buttons);
+            const QString got = shown.join(u' ') + u": "_s + QLatin1String(answers[static_cast<int>(answer)]);
+            QVERIFY2(got == expected, qPrintable(label + u" gave "_s + got));
         }
     }
 
     // Qt's own buttons, dialogs and edit menus speak the language too, and follow its changes.
     void qtsOwnTextsFollowTheLanguage() {
-        const app::QtTranslations qtTexts(m_s->language);
+        std::optional<app::QtTranslations> qtTexts(std::in_place, m_s->language);
         const std::pair<L, QStringList> cases[] = {
             {L::Portuguese, {u"Salvar"_s, u"Selecionar tudo"_s}},
             {L::Spanish, {u"Guardar"_s, u"Seleccionar todo"_s}},
@@ -161,7 +143,7 @@ private slots:
         };
         for (const auto& [language, words] : cases) {
             m_s->language.set(language);
-            QVERIFY(qtTexts.loaded());
+            QVERIFY(qtTexts->loaded());
             QDialogButtonBox box(QDialogButtonBox::Save);
             QPlainTextEdit edit;
             edit.setPlainText(u"1"_s);
@@ -175,6 +157,10 @@ private slots:
             QCOMPARE(QStringList({box.button(QDialogButtonBox::Save)->text().remove(u'&'), selectAll}),
                      words);
         }
+        // Qt tells every window of the change by a posted event: let it arrive now, not in the
+        // next test's windows.
+        qtTexts.reset();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::LanguageChange);
     }
 
     // The roll printer's prompt opens with a long warning: it wraps, and Cancel speaks the language.
@@ -192,7 +178,7 @@ private slots:
             }
             box->reject();
         });
-        QVERIFY(!app::DesktopDialogs(m_s->language).ask(m_owner.get(), u"Zavrello"_s, prompt, u"LPT1"_s));
+        QVERIFY(!app::DesktopDialogs(m_s->language).ask(&m_owner, u"Zavrello"_s, prompt, u"LPT1"_s));
         QVERIFY2(size.width() <= 500, qPrintable(QString::number(size.width())));
         QVERIFY2(cancel.contains(u"&Cancelar|"_s), qPrintable(cancel));
     }

@@ -22,25 +22,23 @@ private slots:
         QTest::addColumn<QRect>("placed");
         QTest::addColumn<QMargins>("frame");
         const QList<QRect> both{kLaptop, kMonitor};
-        QTest::newRow("inside stays")
-            << QRect(100, 50, 340, 560) << both << QRect(100, 50, 340, 560) << QMargins();
+        const auto at = [](int x, int y, int height = 560) { return QRect(x, y, 340, height); };
+        QTest::newRow("inside stays") << at(100, 50) << both << at(100, 50) << QMargins();
         QTest::newRow("over the right edge of the last screen")
-            << QRect(3200, 0, 340, 560) << both << QRect(3286 - 340, 0, 340, 560) << QMargins();
-        QTest::newRow("above the top")
-            << QRect(100, -30, 340, 560) << both << QRect(100, 0, 340, 560) << QMargins();
-        QTest::newRow("taller than its screen")
-            << QRect(100, 50, 340, 900) << both << QRect(100, 0, 340, 740) << QMargins();
+            << at(3200, 0) << both << at(3286 - 340, 0) << QMargins();
+        QTest::newRow("above the top") << at(100, -30) << both << at(100, 0) << QMargins();
+        QTest::newRow("taller than its screen") << at(100, 50, 900) << both << at(100, 0, 740) << QMargins();
         QTest::newRow("on the second screen stays there")
-            << QRect(2000, -150, 340, 560) << both << QRect(2000, -150, 340, 560) << QMargins();
-        QTest::newRow("across two screens goes to the first it touches")
-            << QRect(1200, 100, 340, 560) << both << QRect(1366 - 340, 100, 340, 560) << QMargins();
-        QTest::newRow("on a screen no longer there: centred on the primary")
-            << QRect(5000, 3000, 340, 560) << both << QRect(513, 90, 340, 560) << QMargins();
+            << at(2000, -150) << both << at(2000, -150) << QMargins();
+        QTest::newRow("across two screens: the first it touches")
+            << at(1200, 100) << both << at(1026, 100) << QMargins();
+        QTest::newRow("screen gone: centred on the primary")
+            << at(5000, 3000) << both << at(513, 90) << QMargins();
         QTest::newRow("no screens: as wanted")
-            << QRect(5000, 3000, 340, 560) << QList<QRect>{} << QRect(5000, 3000, 340, 560) << QMargins();
+            << at(5000, 3000) << QList<QRect>{} << at(5000, 3000) << QMargins();
         // A title bar of 30 and borders of 4: the framed window is what must fit.
         QTest::newRow("the frame is kept on the screen too")
-            << QRect(100, 10, 340, 720) << both << QRect(100, 30, 340, 740 - 34) << QMargins(4, 30, 4, 4);
+            << at(100, 10, 720) << both << at(100, 30, 740 - 34) << QMargins(4, 30, 4, 4);
     }
     void keptWholeOnAScreen() {
         QFETCH(QRect, wanted);

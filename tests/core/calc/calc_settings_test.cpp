@@ -22,27 +22,23 @@ MemorySettingsStore storeWith(std::initializer_list<std::pair<const char*, const
 TEST(CalcSettings, FirstStartWithAnEmptyStore) {
     const CalcSettings s = loadCalcSettings(MemorySettingsStore{});
     EXPECT_TRUE(s.alwaysOnTop && s.backup && s.numLock && s.monitor && s.menuXP && s.stayInTray);
-    EXPECT_EQ(s.sound, KeySound::Musical);
-    EXPECT_EQ(s.port, "LPT1");
-    EXPECT_EQ(s.language, 0);
+    EXPECT_TRUE(s.sound == KeySound::Musical && s.port == "LPT1" && s.language == 0);
     EXPECT_EQ(s.enter, EnterAction::Equals);
 }
 
 TEST(CalcSettings, StoredValuesAreRead) {
-    CalcSettings expected;
-    expected.format = NumberFormat::Numeral;
-    expected.sound = KeySound::None;
-    expected.instrument = 127;
-    expected.numLock = false;
-    expected.lastFolder = "C:\\Relatórios";
-    EXPECT_EQ(loadCalcSettings(storeWith({
-                  {"Formato", "2"},
-                  {"Sons", "1"},
-                  {"Instrumento", "127"},
-                  {"NumLock", "False"},
-                  {"UltimoPath", "C:\\Relatórios"},
-              })),
-              expected);
+    const std::tuple<const char*, const char*, void (*)(CalcSettings&)> cases[] = {
+        {"Formato", "2", [](CalcSettings& s) { s.format = NumberFormat::Numeral; }},
+        {"Sons", "1", [](CalcSettings& s) { s.sound = KeySound::None; }},
+        {"Instrumento", "127", [](CalcSettings& s) { s.instrument = 127; }},
+        {"NumLock", "False", [](CalcSettings& s) { s.numLock = false; }},
+        {"UltimoPath", "C:\\Relatórios", [](CalcSettings& s) { s.lastFolder = "C:\\Relatórios"; }},
+    };
+    for (const auto& [key, text, change] : cases) {
+        CalcSettings expected;
+        change(expected);
+        EXPECT_EQ(loadCalcSettings(storeWith({{key, text}})), expected) << key;
+    }
 }
 
 TEST(CalcSettings, MalformedOrOutOfRangeValuesKeepTheDefault) {
@@ -60,8 +56,7 @@ TEST(CalcSettings, MalformedOrOutOfRangeValuesKeepTheDefault) {
 TEST(CalcSettings, SaveOnCloseWritesExactlyItsKeysAndLoadsBack) {
     CalcSettings saved;
     saved.top = 40;
-    saved.keypadHidden = true;
-    saved.largeLetters = true;
+    saved.keypadHidden = saved.largeLetters = true;
     saved.backup = false;
     saved.enter = EnterAction::Plus;
     saved.language = 2;
@@ -85,17 +80,14 @@ TEST(CalcSettings, SaveOnCloseWritesExactlyItsKeysAndLoadsBack) {
     EXPECT_EQ(loadCalcSettings(store), saved);
 }
 
-TEST(CalcSettings, EngineOptionsFollowTheSettings) {
+TEST(CalcSettings, EngineOptionsTellNumLockFromBackup) {
     CalcSettings s;
     s.format = NumberFormat::Fixed;
     s.enter = EnterAction::Plus;
-    s.numLock = false;  // and the backup stays on: the two are told apart
+    s.numLock = false;
     for (const bool timeMode : {true, false}) {
         const CalculatorOptions o = engineOptions(s, timeMode);
-        EXPECT_EQ(o.format, NumberFormat::Fixed);
-        EXPECT_EQ(o.enter, EnterAction::Plus);
-        EXPECT_FALSE(o.numLock);
-        EXPECT_TRUE(o.backup);
-        EXPECT_EQ(o.timeMode, timeMode);
+        EXPECT_TRUE(o.format == NumberFormat::Fixed && o.enter == EnterAction::Plus && o.backup);
+        EXPECT_EQ(std::pair(o.numLock, o.timeMode), std::pair(false, timeMode));
     }
 }
