@@ -18,6 +18,13 @@ const std::vector<Command>& commands() {
         {"words", {{"--no-currency", ""}}, "AMOUNT", "the amount in Portuguese words", &runWords},
         {"text", {}, "CODE [ARG1 [ARG2 [ARG3]]]", "an interface text", &runText},
         {"money", {}, "VALUE", "VALUE in the money format", &runMoney},
+        {"date",
+         {{"--years", "N"}, {"--months", "N"}, {"--weeks", "N"}, {"--days", "N"}, {"--tape", ""}},
+         "add DATE | span DATE1 DATE2",
+         "add: the date a span later (years of 365 days and one more for each 29/02 they\n"
+         "cross, months of 30 days); span: the span between two dates broken down the same way.\n"
+         "Dates DD/MM/YYYY; --tape prints the block the tape receives",
+         &runDate},
     };
     return table;
 }

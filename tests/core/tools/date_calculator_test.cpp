@@ -120,6 +120,7 @@ TEST(DateCalculator, RefusesWhatIsNoDateOrNoWholeNumberInTheFieldsOrder) {
         {"a sign on days", finalDate("01/01/2004", {"", "", "", "+3"}), "refused 34 Days"},
         {"first bad field wins", finalDate("01/01/2004", {"", "a", "b", ""}), "refused 34 Months"},
         {"past 31/12/9999", finalDate("31/12/9999", {"", "", "", "1"}), "refused 34 Days"},
+        {"pushed past by the last field", finalDate("31/12/9998", {"1", "", "", "1"}), "refused 34 Days"},
         {"a huge count of years", finalDate("01/01/2000", {"999999999", "", "", ""}), "refused 34 Years"},
         {"too many digits", finalDate("01/01/2000", {"", "", "", "0000000001"}), "refused 34 Days"},
         {"the last day reached", finalDate("30/12/9999", {"", "", "", "1"}),
