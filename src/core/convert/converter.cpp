@@ -2,6 +2,7 @@
 
 #include <charconv>
 #include <cmath>
+#include <string>
 
 #include "core/common/number_format.h"
 #include "core/common/text.h"
@@ -198,13 +199,8 @@ std::optional<std::string> copiedText(std::string_view valueText, std::size_t so
 }
 
 std::string shownCaption(std::string_view caption) {
-    std::string shown;
-    for (std::size_t i = 0; i < caption.size(); ++i) {
-        if (caption[i] == '&' && i + 1 < caption.size()) {
-            ++i;
-        }
-        shown += caption[i];
-    }
+    std::string shown(caption);
+    std::erase(shown, '&');
     return shown;
 }
 

@@ -51,7 +51,7 @@ std::optional<std::string> copiedText(std::string_view valueText, std::size_t so
                                       std::string_view resultText, std::string_view caption,
                                       const common::NumberSeparators& seps);
 
-// A caption as shown: its access-key ampersand taken out ("&&" shows one '&').
+// A caption as shown: without its access-key ampersand (no caption holds a literal '&').
 std::string shownCaption(std::string_view caption);
 
 }  // namespace zv::convert
