@@ -67,6 +67,8 @@ Outcome runWords(const Invocation& call);
 Outcome runText(const Invocation& call);
 Outcome runMoney(const Invocation& call);
 Outcome runDate(const Invocation& call);
+Outcome runConvert(const Invocation& call);
+Outcome runRule3(const Invocation& call);
 
 // CR LF from the text table and the tape becomes LF on our output.
 std::string toLf(std::string_view text);

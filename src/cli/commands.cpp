@@ -25,6 +25,19 @@ const std::vector<Command>& commands() {
          "cross, months of 30 days); span: the span between two dates broken down the same way.\n"
          "Dates DD/MM/YYYY; --tape prints the block the tape receives",
          &runDate},
+        {"convert",
+         {},
+         "SOURCE VALUE",
+         "VALUE in every unit related to SOURCE\n"
+         "(SOURCE: 0 to 36, or the unit's name as the converter lists it)",
+         &runConvert},
+        {"rule3",
+         {},
+         "BASE_OF_UNKNOWN ROW...",
+         "the unknown's new value; BASE_OF_UNKNOWN is its base value and each ROW a known\n"
+         "quantity, BASE:NEW:d when raising it raises the unknown (direct), BASE:NEW:i\n"
+         "when raising it lowers the unknown (inverse)",
+         &runRule3},
     };
     return table;
 }
