@@ -35,6 +35,7 @@
 #include "app/common/menu_look.h"
 #include "app/common/ui_language.h"
 #include "app/common/window_placement.h"
+#include "app/tools/frm_data.h"
 #include "core/calc/clipboard_numbers.h"
 #include "core/calc/roll_printer.h"
 #include "core/common/date.h"
@@ -404,7 +405,13 @@ void FrmCalcula::buildMenus() {
     addAction(opcoes, "mnuOutra", txt::kMnuOutra, [this] { mnuOutra_Click(); });
     addAction(opcoes, "mnuWindows", txt::kMnuWindows, [this] { mnuWindows_Click(); });
     opcoes->addSeparator();
-    addAction(opcoes, "mnuData", txt::kMnuData, nullptr);
+    addAction(opcoes, "mnuData", txt::kMnuData, [this] {
+        // A pending amount is struck first, as "=" would, so the tape is whole before the block.
+        if (m_calc.calculationInProgress()) {
+            Form_KeyPress('=');
+        }
+        m_tools.open<FrmData>();
+    });
     mnuTempo = addAction(opcoes, "mnuTempo", txt::kMnuTempo, [this] {
         applyEngineOptions();
         refresh();
