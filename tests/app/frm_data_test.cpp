@@ -102,6 +102,11 @@ private slots:
         QTest::keyClicks(field("txtDias"), u"60"_s);
         QTest::keyClick(field("txtDias"), Qt::Key_Return);
         QCOMPARE(field("txtData1")->text(), u"01/03/2004"_s);
+        // A field reached again is typed over, the date's mask included.
+        field("txtData0")->setFocus();
+        QCoreApplication::processEvents();
+        QTest::keyClicks(field("txtData0"), u"02012004"_s);
+        QCOMPARE(field("txtData0")->text(), u"02/01/2004"_s);
     }
 };
 

@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
+#include <QTimer>
 #include <QToolButton>
 #include <QWidgetAction>
 #include <variant>
@@ -109,6 +110,14 @@ FrmData::FrmData(const AppContext& app, QWidget* parent) : ToolWindow(app, "frmD
 }
 
 bool FrmData::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::FocusIn) {
+        // What is typed into a field reached by Enter, Tab or a click replaces what it held.
+        auto* edit = static_cast<QLineEdit*>(watched);
+        QTimer::singleShot(0, edit, [edit] {
+            edit->setCursorPosition(0);
+            edit->selectAll();
+        });
+    }
     if (event->type() == QEvent::KeyPress) {
         const int key = static_cast<QKeyEvent*>(event)->key();
         if (key == Qt::Key_Return || key == Qt::Key_Enter) {
