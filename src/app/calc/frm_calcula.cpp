@@ -35,6 +35,7 @@
 #include "app/common/menu_look.h"
 #include "app/common/ui_language.h"
 #include "app/common/window_placement.h"
+#include "app/tools/frm_converte.h"
 #include "app/tools/frm_data.h"
 #include "core/calc/clipboard_numbers.h"
 #include "core/calc/roll_printer.h"
@@ -439,7 +440,7 @@ void FrmCalcula::buildMenus() {
     // The document fillers and the converter arrive with their own windows.
     addAction(opcoes, "mnuCheque", txt::kMnuCheque, nullptr);
     addAction(opcoes, "mnuPromissoria", txt::kMnuPromissoria, nullptr);
-    addAction(opcoes, "mnuConverte", txt::kMnuConverte, nullptr);
+    addAction(opcoes, "mnuConverte", txt::kMnuConverte, [this] { m_tools.open<FrmConverte>(); });
     // The utilities belong to the tray program; a copy without one has none to offer.
     QAction* util = addAction(opcoes, "mnuUtil", txt::kMnuUtil, nullptr);
     if (m_ctx.utilities != nullptr) {

@@ -143,7 +143,14 @@ inline constexpr int kPreviewZoomOut = 254;
 inline constexpr int kClose = 255;
 inline constexpr int kEditNotAmount = 256;  // leaving the tape's edit with a line that is no amount
 inline constexpr int kInstrumentRange = 257;
-inline constexpr int kFind = 258;  // the backup viewer's find button
+inline constexpr int kFind = 258;            // the backup viewer's find button
+inline constexpr int kConverterTitle = 259;  // the unit converter's captions
+inline constexpr int kConverterValue = 260;
+inline constexpr int kConverterSource = 261;
+inline constexpr int kConverterHint = 262;
+inline constexpr int kConverterResult = 263;
+inline constexpr int kConverterEnterHint = 264;
+inline constexpr int kConverterCopied = 265;
 }  // namespace txt
 
 }  // namespace zv::common
