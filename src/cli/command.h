@@ -66,6 +66,9 @@ Outcome runTape(const Invocation& call);
 Outcome runWords(const Invocation& call);
 Outcome runText(const Invocation& call);
 Outcome runMoney(const Invocation& call);
+Outcome runInterest(const Invocation& call);
+Outcome runSavings(const Invocation& call);
+Outcome runDiscount(const Invocation& call);
 
 // CR LF from the text table and the tape becomes LF on our output.
 std::string toLf(std::string_view text);

@@ -222,13 +222,18 @@ std::optional<Capitalisation> readCapitalisation(const CapitalisationForm& form,
     }
     c.amount = *amount;
     c.rate = *rate;
-    const auto start = common::parseDate(form.startDate);
-    if (!std::holds_alternative<common::Date>(start)) {
-        return std::nullopt;
+    if (form.startDate) {
+        const auto start = common::parseDate(*form.startDate);
+        if (!std::holds_alternative<common::Date>(start)) {
+            return std::nullopt;
+        }
+        c.start = std::get<common::Date>(start);
     }
-    c.start = std::get<common::Date>(start);
     const auto end = common::parseDate(form.endDateOrDays);
     if (std::holds_alternative<common::Date>(end)) {
+        if (!c.start) {
+            return std::nullopt;
+        }
         c.end = std::get<common::Date>(end);
         c.days = common::daysBetween(*c.start, *c.end);
     } else if (const std::optional<long long> days = wholeNumber(form.endDateOrDays, maxDays)) {

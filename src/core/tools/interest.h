@@ -141,7 +141,8 @@ inline constexpr long long kChequeMaxDays = 730;
 struct CapitalisationForm {
     std::string amount;
     std::string rate;
-    std::string startDate;
+    // Nullopt when not asked (a day count given on the command line); a final date needs it.
+    std::optional<std::string> startDate;
     std::string endDateOrDays;  // a final date, or a number of days
 };
 

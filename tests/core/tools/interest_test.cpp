@@ -264,6 +264,11 @@ TEST(ReadCapitalisation, TakesAFinalDateOrADayCountWithinTheLimit) {
         {"a rate that is no number", {"100", "x", "01/01/2026", "30"}, kChequeMaxDays, std::nullopt},
         {"no such start date", {"100", "1", "31/02/2026", "30"}, kChequeMaxDays, std::nullopt},
         {"days that are no number", {"100", "1", "01/01/2026", "3O"}, kChequeMaxDays, std::nullopt},
+        {"a day count without a start date", {"100", "1", std::nullopt, "30"}, kChequeMaxDays, 30},
+        {"a final date without a start date",
+         {"100", "1", std::nullopt, "30/01/2026"},
+         kChequeMaxDays,
+         std::nullopt},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.label);
