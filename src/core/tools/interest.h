@@ -33,9 +33,13 @@ inline constexpr int kRateLabel = 157;
 inline constexpr int kInterestLabel = 158;
 inline constexpr int kFinalLabel = 159;
 inline constexpr int kDaysLabel = 160;
-inline constexpr int kBlockTitle = 280;  // " =============== CÁLCULO ="
-inline constexpr int kDaysOpen = 281;    // " dias ("
-inline constexpr int kFirst = 282;       // "1ª"
+inline constexpr int kBlockTitle = 280;     // " =============== CÁLCULO ="
+inline constexpr int kDaysOpen = 281;       // " dias ("
+inline constexpr int kFirst = 282;          // "1ª"
+inline constexpr int kTotalsHeading = 210;  // " TOTAL DAS CAPITALIZAÇÕES:"
+inline constexpr int kTotalInterest = 211;
+inline constexpr int kTotalFinal = 212;
+inline constexpr int kTotalInitial = 213;
 }  // namespace interest_text
 
 // An amount capitalised at a monthly rate over a number of days: each whole month of 30 days

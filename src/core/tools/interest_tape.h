@@ -1,6 +1,8 @@
 #pragma once
 
+#include <optional>
 #include <string>
+#include <string_view>
 
 #include "core/common/regional.h"
 #include "core/tools/interest.h"
@@ -22,5 +24,12 @@ std::string capitalisationBlock(double initial, double ratePercent, long long da
 // paid at once, total interest, final amount " T".
 std::string loanBlock(const LoanTerms& terms, const LoanResult& result, common::Language language,
                       const common::NumberSeparators& seps);
+
+// The sums of every capitalisation block on `tape` (savings and cheque discounts, in any of the
+// three languages, their amounts read with `seps`), as the block appended when the grouping
+// option is on: the heading, a dashed line, the initial values, the interest and the final values,
+// the closing line. Nullopt when the tape holds no capitalisation.
+std::optional<std::string> capitalisationTotals(std::string_view tape, common::Language language,
+                                                const common::NumberSeparators& seps);
 
 }  // namespace zv::tools

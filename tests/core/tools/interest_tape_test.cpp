@@ -50,5 +50,23 @@ TEST(InterestTape, LoanBlockNamesTheFirstInstalmentOrTheDownPayment) {
               std::string::npos);
 }
 
+TEST(InterestTape, TotalsAddUpTheCapitalisationsOnly) {
+    const auto pt = common::Language::Portuguese;
+    const std::string tape = "                  200,00 +\r\n" +
+                             capitalisationBlock(100, 1, 45, 101.505, pt, kBrazil) +
+                             loanBlock({750, 10, 30, false}, {2.569025, 86, 110, 860}, pt, kBrazil) +
+                             capitalisationBlock(980.39, 2, 30, 1000, common::Language::English, kBrazil);
+    const std::optional<std::string> totals = capitalisationTotals(tape, pt, kBrazil);
+    ASSERT_TRUE(totals);
+    EXPECT_EQ(*totals,
+              " TOTAL DAS CAPITALIZA\u00C7\u00D5ES:\r\n"
+              " -------------------------\r\n"
+              " VALOR INICIAL:  1.080,39\r\n"
+              "    VALOR JURO:     21,12\r\n"  // 1,51 + 19,61
+              "   VALOR FINAL:  1.101,51\r\n"
+              " =========================\r\n");
+    EXPECT_FALSE(capitalisationTotals("                  200,00 +\r\n", pt, kBrazil));
+}
+
 }  // namespace
 }  // namespace zv::tools
