@@ -69,6 +69,9 @@ Outcome runMoney(const Invocation& call);
 Outcome runDate(const Invocation& call);
 Outcome runConvert(const Invocation& call);
 Outcome runRule3(const Invocation& call);
+Outcome runInterest(const Invocation& call);
+Outcome runSavings(const Invocation& call);
+Outcome runDiscount(const Invocation& call);
 
 // CR LF from the text table and the tape becomes LF on our output.
 std::string toLf(std::string_view text);
