@@ -3,6 +3,10 @@
 namespace zv::cli {
 
 const std::vector<Command>& commands() {
+    // Savings and the cheque discount read the same amount, rate and time.
+    const std::vector<CommandOption> capitalisationOptions = {{"--amount", "V"}, {"--rate", "R"},
+                                                              {"--days", "D"},   {"--from", "DATE"},
+                                                              {"--to", "DATE"},  {"--tape", ""}};
     static const std::vector<Command> table = {
         {"tape",
          {{"--format", "0|1|2"},
@@ -51,26 +55,10 @@ const std::vector<Command>& commands() {
          "fixed instalments: the rate (from --instalment) or the instalment (from --rate),\n"
          "the total interest and the final amount; --schedule adds one line per instalment",
          &runInterest},
-        {"savings",
-         {{"--amount", "V"},
-          {"--rate", "R"},
-          {"--days", "D"},
-          {"--from", "DATE"},
-          {"--to", "DATE"},
-          {"--tape", ""}},
-         "",
-         "V capitalised at R % a month over D days (1 to 1500) or between two dates",
-         &runSavings},
-        {"discount",
-         {{"--amount", "V"},
-          {"--rate", "R"},
-          {"--days", "D"},
-          {"--from", "DATE"},
-          {"--to", "DATE"},
-          {"--tape", ""}},
-         "",
-         "what a cheque of V due in D days (1 to 730) is worth today at R % a month",
-         &runDiscount},
+        {"savings", capitalisationOptions, "",
+         "V capitalised at R % a month over D days (1 to 1500) or between two dates", &runSavings},
+        {"discount", capitalisationOptions, "",
+         "what a cheque of V due in D days (1 to 730) is worth today at R % a month", &runDiscount},
     };
     return table;
 }
