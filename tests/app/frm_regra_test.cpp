@@ -97,6 +97,15 @@ private slots:
         QVERIFY(picture(2) != picture(3));
     }
 
+    void aSimpleRuleIsShownGroupedWithUpToTenDecimals() {
+        type(0, u"1000"_s, u"litros"_s, QString());
+        type(1, u"3"_s, u"horas"_s, u"7"_s);
+        mark(0);
+        m_s->dialogs.reply = Answer::Yes;
+        click("cmdCalcular");
+        QCOMPARE(field("txtValor2", 0)->text(), u"2.333,3333333333"_s);
+    }
+
     void aRefusedCalculationSaysWhyAndWritesNothing_data() {
         QTest::addColumn<QString>("row1Base");
         QTest::addColumn<QString>("row1New");
