@@ -98,6 +98,7 @@ FrmRegra::FrmRegra(const AppContext& app, QWidget* parent)
         txtValor[i] = numberField(this, QStringLiteral("txtValor%1").arg(row));
         txtCond[i] = new QLineEdit(this);
         txtCond[i]->setObjectName(QStringLiteral("txtCond%1").arg(row));
+        txtCond[i]->setMinimumWidth(150);
         imgVal[i] = new QLabel(this);
         imgVal[i]->setObjectName(QStringLiteral("imgVal%1").arg(row));
         imgVal[i]->setFixedSize(kPictureWidth, kPictureHeight);
@@ -105,7 +106,7 @@ FrmRegra::FrmRegra(const AppContext& app, QWidget* parent)
         // The new situation speaks of the same quantity: its description follows the base one.
         txtCond2[i] = new QLabel(this);
         txtCond2[i]->setObjectName(QStringLiteral("txtCond2%1").arg(row));
-        txtCond2[i]->setMinimumWidth(120);
+        txtCond2[i]->setMinimumWidth(170);
         connect(txtCond[i], &QLineEdit::textChanged, txtCond2[i], &QLabel::setText);
         grid->addWidget(optInc[i], 2 + row, 0);
         grid->addWidget(txtValor[i], 2 + row, 1);
