@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QList>
 #include <QPrinter>
 #include <QStringList>
 
@@ -13,7 +14,7 @@ public:
     void message(QWidget*, Icon, const QString& text) override { messages << text; }
     Answer question(QWidget*, const QString& text, Buttons) override {
         messages << text;
-        return reply;
+        return replies.isEmpty() ? reply : replies.takeFirst();
     }
     std::optional<QString> ask(QWidget*, const QString&, const QString& prompt, const QString&) override {
         prompts << prompt;
@@ -34,6 +35,7 @@ public:
     QStringList prompts;
     QStringList answers;        // to the questions asking for a line of text; none left: cancelled
     Answer reply = Answer::No;  // to every Yes / No question
+    QList<Answer> replies;      // to the next questions in turn, before `reply` answers the rest
     QString saveAs;
     QString pdfPath;
     QStringList opened;        // what the desktop was asked to open

@@ -37,6 +37,7 @@
 #include "app/common/window_placement.h"
 #include "app/tools/frm_converte.h"
 #include "app/tools/frm_data.h"
+#include "app/tools/frm_regra.h"
 #include "core/calc/clipboard_numbers.h"
 #include "core/calc/roll_printer.h"
 #include "core/common/date.h"
@@ -420,7 +421,7 @@ void FrmCalcula::buildMenus() {
     mnuTempo->setCheckable(true);
     mnuTempo->setChecked(m_ctx.timeMode);
     addAction(opcoes, "mnuJuro", txt::kMnuJuro, nullptr);
-    addAction(opcoes, "mnuRegra", txt::kMnuRegra, nullptr);
+    addAction(opcoes, "mnuRegra", txt::kMnuRegra, [this] { m_tools.open<FrmRegra>(); });
     opcoes->addSeparator();
     addAction(opcoes, "mnuCopiar", txt::kMnuCopiar, [this] {
         mnuCopiar_Click();
