@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <unordered_map>
 
 #include "core/common/number_format.h"
 #include "core/common/text.h"
@@ -551,15 +552,14 @@ void Calculator::loadTape(std::string_view text) {
 }
 
 std::optional<std::size_t> Calculator::applyEdit(std::string_view edited) {
-    const std::vector<std::string_view> before = splitLines(m_tape.text());
     // Lines the engine does not read that were on the tape already (other tools' blocks, notes)
-    // stay as they are, however they look.
-    std::vector<std::string_view> untouched;
-    for (const std::string_view line : before) {
+    // stay as they are, however they look; counted, since a block may repeat a line.
+    std::unordered_map<std::string_view, std::size_t> untouched;
+    for (const std::string_view line : splitLines(m_tape.text())) {
         const TapeLine parsed = parseTapeLine(line);
         if (parsed.kind == TapeLine::Kind::Other ||
             (parsed.kind == TapeLine::Kind::Amount && !fieldValue(parsed.field))) {
-            untouched.push_back(line);
+            ++untouched[line];
         }
     }
     const std::string text = normaliseLineEnds(edited);
@@ -571,13 +571,12 @@ std::optional<std::size_t> Calculator::applyEdit(std::string_view edited) {
         const bool read = (parsed.kind == TapeLine::Kind::Amount && fieldValue(parsed.field)) ||
                           parsed.kind == TapeLine::Kind::Total || parsed.kind == TapeLine::Kind::Separator ||
                           parsed.kind == TapeLine::Kind::Heading;
-        if (const auto kept = std::find(untouched.begin(), untouched.end(), line);
-            !read && kept != untouched.end()) {
-            untouched.erase(kept);
+        if (read) {
             tidy.append(line).append(kLineEnd);
             continue;
         }
-        if (read) {
+        if (const auto kept = untouched.find(line); kept != untouched.end() && kept->second > 0) {
+            --kept->second;
             tidy.append(line).append(kLineEnd);
             continue;
         }
