@@ -41,12 +41,9 @@ private slots:
         m_s = std::make_unique<fakes::WindowServices>();
         m_calc = std::make_unique<app::FrmCalcula>(m_s->context(), app::CalcWindowContext{});
         m_calc->show();
-        child<QAction>(*m_calc, "mnuConverte")->trigger();
-        m_w = m_calc->findChild<app::FrmConverte*>();
+        m_w = fakes::openTool<app::FrmConverte>(*m_calc, "mnuConverte");
         QVERIFY(m_w != nullptr && m_w->isVisible());
         QCOMPARE(m_w->windowTitle(), pt(txt::kConverterTitle));
-        m_w->activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(m_w));
     }
     void cleanup() { m_calc.reset(); }
 

@@ -41,13 +41,10 @@ private slots:
         m_calc->show();
         QTest::keyClicks(m_calc.get(), u"5+"_s);
         // The menu strikes the pending amount first, then opens the window.
-        child<QAction>(*m_calc, "mnuData")->trigger();
+        m_w = fakes::openTool<app::FrmData>(*m_calc, "mnuData");
         QVERIFY(!m_calc->calculator().calculationInProgress());
-        m_w = m_calc->findChild<app::FrmData*>();
         QVERIFY(m_w != nullptr && m_w->isVisible());
         QCOMPARE(m_w->windowTitle(), pt(136));
-        m_w->activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(m_w));
     }
     void cleanup() { m_calc.reset(); }
 

@@ -50,8 +50,7 @@ private slots:
         m_s = std::make_unique<fakes::WindowServices>();
         m_calc = std::make_unique<app::FrmCalcula>(m_s->context(), app::CalcWindowContext{});
         m_calc->show();
-        child<QAction>(*m_calc, "mnuRegra")->trigger();
-        m_w = m_calc->findChild<app::FrmRegra*>();
+        m_w = fakes::openTool<app::FrmRegra>(*m_calc, "mnuRegra");
         QVERIFY(m_w != nullptr && m_w->isVisible());
         QCOMPARE(m_w->windowTitle(), pt(txt::kRuleTitle));
     }

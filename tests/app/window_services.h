@@ -1,6 +1,8 @@
 #pragma once
 
+#include <QAction>
 #include <QTemporaryDir>
+#include <QTest>
 #include <QtGlobal>
 
 #include "app/common/app_context.h"
@@ -47,6 +49,21 @@ inline QString text(common::Language language, int code, const char* arg1 = "", 
 
 inline QString pt(int code, const char* arg1 = "", const char* arg2 = "") {
     return text(common::Language::Portuguese, code, arg1, arg2);
+}
+
+// Opens a tool window from the calculator's menu as the user does and waits until it is the
+// active window; nullptr when none opened.
+template <class Tool>
+Tool* openTool(QWidget& calculator, const char* action) {
+    child<QAction>(calculator, action)->trigger();
+    Tool* tool = calculator.findChild<Tool*>();
+    if (tool != nullptr) {
+        tool->activateWindow();
+        if (!QTest::qWaitForWindowActive(tool)) {
+            return nullptr;
+        }
+    }
+    return tool;
 }
 
 }  // namespace zv::fakes
