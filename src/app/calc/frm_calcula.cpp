@@ -37,6 +37,7 @@
 #include "app/common/window_placement.h"
 #include "app/tools/frm_converte.h"
 #include "app/tools/frm_data.h"
+#include "app/tools/frm_juro.h"
 #include "app/tools/frm_regra.h"
 #include "core/calc/clipboard_numbers.h"
 #include "core/calc/roll_printer.h"
@@ -47,6 +48,7 @@
 #include "core/common/text_encoding.h"
 #include "core/common/text_file.h"
 #include "core/common/text_table.h"
+#include "core/tools/interest_tape.h"
 #include "core/words/amount_in_words.h"
 #include "platform/roll_port.h"
 
@@ -151,8 +153,24 @@ bool FrmCalcula::tapeFileHealthy() const {
 }
 
 void FrmCalcula::appendBlock(std::string_view block) {
+    // A long tape: the user may start a fresh one (with its backup) before the block goes on it.
+    if (m_calc.tape().size() >= calc::kTapeFullLength &&
+        m_app.dialogs->question(this, text(txt::kTapeFull), Dialogs::Buttons::YesNo) ==
+            Dialogs::Answer::Yes) {
+        showClearReport(m_calc.clearTape());
+    }
     m_calc.appendBlock(block);
     refresh();
+}
+
+void FrmCalcula::mnuAgrupar_Click() {
+    const std::optional<std::string> totals =
+        tools::capitalisationTotals(m_calc.tape().text(), language(), m_app.regional.separators);
+    if (!totals) {
+        m_app.dialogs->message(this, Dialogs::Icon::Information, text(txt::kNothingToGroup));
+        return;
+    }
+    appendBlock(*totals);
 }
 
 QString FrmCalcula::text(int code, const QString& arg1, const QString& arg2) const {
@@ -420,7 +438,12 @@ void FrmCalcula::buildMenus() {
     });
     mnuTempo->setCheckable(true);
     mnuTempo->setChecked(m_ctx.timeMode);
-    addAction(opcoes, "mnuJuro", txt::kMnuJuro, nullptr);
+    addAction(opcoes, "mnuJuro", txt::kMnuJuro, [this] {
+        if (m_calc.calculationInProgress()) {
+            Form_KeyPress('=');
+        }
+        m_tools.open<FrmJuro>();
+    });
     addAction(opcoes, "mnuRegra", txt::kMnuRegra, [this] { m_tools.open<FrmRegra>(); });
     opcoes->addSeparator();
     addAction(opcoes, "mnuCopiar", txt::kMnuCopiar, [this] {
@@ -460,7 +483,7 @@ void FrmCalcula::buildMenus() {
     addAction(fita, "mnuLocalizar", txt::kMnuLocalizar, [this] {
         mnuLocalizar_Click();
     })->setShortcut(QKeySequence::Find);
-    addAction(fita, "mnuAgrupar", txt::kMnuAgrupar, nullptr);
+    addAction(fita, "mnuAgrupar", txt::kMnuAgrupar, [this] { mnuAgrupar_Click(); });
     fita->addSeparator();
     addAction(fita, "mnuLimpar", txt::kMnuLimpar, [this] {
         showClearReport(m_calc.clearTape());

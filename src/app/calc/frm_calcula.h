@@ -124,6 +124,8 @@ private:
     void mnuExtenso_Click();
     void mnuEditar_Click();
     void mnuLocalizar_Click();
+    // Adds up the capitalisations on the tape into one block under them.
+    void mnuAgrupar_Click();
     void mnuMostraBack_Click();
     void mnuImprimir_Click(int size);
     void mnuMatricial_Click();

@@ -12,6 +12,10 @@
 
 namespace zv::calc {
 
+// The length at which a tape counts as full: it has no hard limit, but before another tool adds
+// its block to a tape this long the user is offered a fresh one.
+inline constexpr std::size_t kTapeFullLength = 21000;
+
 // The paper tape: UTF-8 text of lines each ended by CR LF. Every change goes through here and
 // is passed on to the sink, if any. No operation copies or rescans the whole text except find,
 // reset and the text accessors that return it.

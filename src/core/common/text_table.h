@@ -30,6 +30,7 @@ inline constexpr int kEditWhileCalculating = 12;
 inline constexpr int kMailFailed = 13;  // with the support address
 inline constexpr int kEnterAddsInfo = 14;
 inline constexpr int kSentToPrinter = 16;
+inline constexpr int kTapeFull = 4;  // a long tape: erase it before a tool's block?
 inline constexpr int kPrinterFailed = 17;
 inline constexpr int kFindEnd = 18;
 inline constexpr int kSystemCalculatorMissing = 19;
@@ -161,6 +162,16 @@ inline constexpr int kConverterHint = 262;
 inline constexpr int kConverterResult = 263;
 inline constexpr int kConverterEnterHint = 264;
 inline constexpr int kConverterCopied = 265;
+inline constexpr int kScheduleButton = 290;  // the instalment tool's payment schedule
+inline constexpr int kScheduleTitle = 291;
+inline constexpr int kScheduleColumns =
+    292;  // 292..297: instalment, due, payment, interest, principal, balance
+inline constexpr int kCopy = 298;
+inline constexpr int kPrintButtonEllipsis = 299;
+inline constexpr int kSavePdf = 300;
+inline constexpr int kLastAbsorbsRounding = 301;
+inline constexpr int kNothingToGroup = 302;
+inline constexpr int kFileNotWritten = 303;  // with the file's path
 }  // namespace txt
 
 }  // namespace zv::common
