@@ -142,6 +142,29 @@ private slots:
         QCOMPARE(field("txtValPrest")->text(), u"102,00"_s);
     }
 
+    void enterWalksTheFieldsAndTheRateCalculates() {
+        field("txtValVista")->setFocus();
+        for (const char* next : {"txtValPrest", "txtParcelas", "txtDias", "txtJuroAp"}) {
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+            QCOMPARE(QApplication::focusWidget(), field(next));
+        }
+        // Paid at once, the days are passed by.
+        child<QCheckBox>(*m_w, "chkVista")->click();
+        field("txtParcelas")->setFocus();
+        QTest::keyClick(field("txtParcelas"), Qt::Key_Return);
+        QCOMPARE(QApplication::focusWidget(), field("txtJuroAp"));
+        // A field reached again is typed over.
+        field("txtValVista")->setText(u"750,00"_s);
+        field("txtValVista")->setFocus();
+        QCoreApplication::processEvents();
+        QTest::keyClicks(field("txtValVista"), u"800"_s);
+        QCOMPARE(field("txtValVista")->text(), u"800"_s);
+        QTest::keyClicks(field("txtJuroAp"), u"2"_s);
+        field("txtParcelas")->setText(u"4"_s);
+        QTest::keyClick(field("txtJuroAp"), Qt::Key_Return);
+        QVERIFY(m_w->searching());
+    }
+
     void closingGivesUpTheSearchAndLeavesTheFormAsTyped() {
         fill(u"750,00"_s, u"86,00"_s, u"10"_s, u"30"_s, QString());
         const QString before = tape();

@@ -220,13 +220,25 @@ QString FrmJuro::rateText(double ratePercent) const {
 }
 
 bool FrmJuro::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::FocusIn) {
+        // What is typed into a field reached by Enter, Tab or a click replaces what it held.
+        auto* edit = static_cast<QLineEdit*>(watched);
+        QTimer::singleShot(0, edit, [edit] { edit->selectAll(); });
+    }
     if (event->type() == QEvent::KeyPress) {
         const int key = static_cast<QKeyEvent*>(event)->key();
         if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+            // The fields in their order, past the days while the first instalment is paid at once.
             if (watched == txtJuroAp) {
                 cmdCalcular_Click();
+            } else if (watched == txtValVista) {
+                txtValPrest->setFocus(Qt::TabFocusReason);
+            } else if (watched == txtValPrest) {
+                txtParcelas->setFocus(Qt::TabFocusReason);
+            } else if (watched == txtParcelas && txtDias->isEnabled()) {
+                txtDias->setFocus(Qt::TabFocusReason);
             } else {
-                focusNextChild();
+                txtJuroAp->setFocus(Qt::TabFocusReason);
             }
             return true;
         }

@@ -61,6 +61,8 @@ FrmPlano::FrmPlano(const AppContext& app, const tools::LoanTerms& terms, const t
     m_table->setEditTriggers(QAbstractItemView::NoEditTriggers);
     m_table->setSelectionMode(QAbstractItemView::ContiguousSelection);
     m_table->verticalHeader()->hide();
+    m_table->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
+    m_table->horizontalHeader()->setStretchLastSection(true);
     m_table->setMinimumWidth(520);
     body->addWidget(m_table, 3);
 
@@ -128,7 +130,7 @@ QStringList FrmPlano::rowCells(const tools::ScheduleRow& row) const {
 QString FrmPlano::summary() const {
     const common::NumberSeparators& seps = app().regional.separators;
     const QString rate = QString::fromStdString(common::formatNumber(m_result.rate, "#,##0.000000", seps));
-    return QStringLiteral("$ %1  =  %2 x $ %3   (%4 %5)")
+    return QStringLiteral("$ %1  =  %2 x $ %3   (%4 % %5)")
         .arg(QString::fromStdString(common::FormatMoney(m_terms.initial, seps)))
         .arg(m_terms.count)
         .arg(QString::fromStdString(common::FormatMoney(m_result.instalment, seps)))
