@@ -4,6 +4,7 @@
 #include <iostream>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "core/calc/backup_file.h"
 #include "core/calc/tape_file.h"
@@ -13,14 +14,16 @@
 #include "platform/data_folder.h"
 
 #ifndef _WIN32
-#include <sys/ioctl.h>
-#include <termios.h>
-#include <unistd.h>
+#include <curses.h>
+
+#include <clocale>
+#include <csignal>
 #endif
 
 namespace zv::cli {
 namespace {
 
+constexpr int kCtrlC = 3;
 constexpr int kCtrlD = 4;
 constexpr int kCtrlL = 12;
 constexpr int kCtrlN = 14;
@@ -28,88 +31,136 @@ constexpr int kCtrlY = 25;
 constexpr int kCtrlZ = 26;
 constexpr int kEscape = 27;
 constexpr int kDelete = 127;
+// What readKey gives for the Delete key (clear entry), whatever the terminal sends for it.
+constexpr int kClearEntryKey = 0x10000;
+// Nothing was typed: the wait ended to look for a signal.
+constexpr int kNoKey = -2;
+// The terminal changed size: the screen is laid out again.
+constexpr int kResized = -3;
 
-#ifndef _WIN32
-// Puts the terminal in character-at-a-time mode for as long as it lives.
-class RawTerminal {
-public:
-    RawTerminal() {
-        if (tcgetattr(STDIN_FILENO, &m_saved) == 0) {
-            termios raw = m_saved;
-            raw.c_lflag &= static_cast<tcflag_t>(~(ICANON | ECHO | ISIG));
-            raw.c_iflag &= static_cast<tcflag_t>(~(ICRNL | IXON));
-            raw.c_cc[VMIN] = 1;
-            raw.c_cc[VTIME] = 0;
-            m_active = tcsetattr(STDIN_FILENO, TCSAFLUSH, &raw) == 0;
+const std::string_view kHelpLine = "Del: CE  ^N: +/-  ^Z/^Y: undo/redo  ^L: clear  Esc: quit";
+
+// The last `rows` lines of the tape, without their CR LF.
+std::vector<std::string_view> tail(std::string_view tape, int rows) {
+    std::vector<std::string_view> lines;
+    std::size_t end = tape.size();
+    if (tape.ends_with("\r\n")) {
+        end -= 2;
+    }
+    while (rows-- > 0 && end > 0) {
+        const std::size_t start = tape.rfind("\r\n", end - 1);
+        const std::size_t from = start == std::string_view::npos ? 0 : start + 2;
+        lines.insert(lines.begin(), tape.substr(from, end - from));
+        if (start == std::string_view::npos) {
+            break;
         }
+        end = start;
     }
-    ~RawTerminal() {
-        if (m_active) {
-            tcsetattr(STDIN_FILENO, TCSAFLUSH, &m_saved);
-        }
-    }
-    RawTerminal(const RawTerminal&) = delete;
-    RawTerminal& operator=(const RawTerminal&) = delete;
-
-private:
-    termios m_saved{};
-    bool m_active = false;
-};
-
-int terminalRows() {
-    winsize ws{};
-    return ioctl(STDOUT_FILENO, TIOCGWINSZ, &ws) == 0 && ws.ws_row > 4 ? ws.ws_row : 24;
+    return lines;
 }
 
-int readKey() {
-    unsigned char c = 0;
-    return read(STDIN_FILENO, &c, 1) == 1 ? c : -1;
-}
-#else
-int terminalRows() {
-    return 24;
-}
-int readKey() {
-    return std::getchar();
-}
-#endif
-
-// The last `rows` lines of the tape, with LF line ends.
-std::string tail(std::string_view tape, int rows) {
-    std::size_t start = tape.size();
-    for (int seen = 0; start > 0 && seen <= rows;) {
-        --start;
-        if (tape[start] == '\n') {
-            ++seen;
-        }
-    }
-    if (start > 0 || (start == 0 && !tape.empty() && tape[0] == '\n')) {
-        ++start;
-    }
-    std::string out;
-    for (const char c : tape.substr(start)) {
-        if (c != '\r') {
-            out += c;
-        }
-    }
-    return out;
-}
-
-void draw(const calc::Calculator& calc, std::string_view message) {
-    const int rows = terminalRows() - 3;
-    std::string screen = "\x1b[H\x1b[2J";
-    screen += tail(calc.tape().text(), rows);
+std::string statusLine(const calc::Calculator& calc) {
     const std::string_view state = calc.state() == calc::TotalState::Struck  ? " T"
                                    : calc.state() == calc::TotalState::Error ? " E"
                                                                              : "  ";
-    screen += "------------------------------------------\n";
-    screen += "[" + calc.counterText() + "] " + calc.display() + "    Total: " + calc.totalText();
-    screen += state;
-    screen += "\n";
-    screen += message.empty() ? std::string_view("Del: CE  ^N: +/-  ^Z/^Y: undo/redo  ^L: clear  Esc: quit")
-                              : message;
-    std::cout << screen << std::flush;
+    return "[" + calc.counterText() + "] " + calc.display() + "    Total: " + calc.totalText() +
+           std::string(state);
 }
+
+#ifndef _WIN32
+volatile std::sig_atomic_t g_stop = 0;
+
+extern "C" void stopOnSignal(int) {
+    g_stop = 1;
+}
+
+// The terminal handed over to the curses library for as long as this lives: keys one by one,
+// no echo, the screen redrawn in place. It is given back as it was on every way out: the end of
+// the session, Ctrl+C (a key here), SIGTERM, SIGHUP and SIGINT from another process.
+class Screen {
+public:
+    Screen() {
+        struct sigaction action {};
+        action.sa_handler = stopOnSignal;
+        sigemptyset(&action.sa_mask);
+        for (const int signal : {SIGTERM, SIGHUP, SIGINT}) {
+            sigaction(signal, &action, nullptr);
+        }
+        // Tape lines hold "×", "÷" and accented letters: the curses library writes them in the
+        // terminal's own character set.
+        std::setlocale(LC_CTYPE, "");
+        initscr();
+        raw();
+        noecho();
+        nonl();
+        keypad(stdscr, TRUE);
+        // Waits a tenth of a second at most, so a signal is seen at once.
+        timeout(100);
+        set_escdelay(50);
+    }
+    ~Screen() { endwin(); }
+    Screen(const Screen&) = delete;
+    Screen& operator=(const Screen&) = delete;
+
+    bool stopped() const { return g_stop != 0; }
+
+    int readKey() {
+        const int key = getch();
+        switch (key) {
+            case ERR:
+                return kNoKey;
+            case KEY_RESIZE:
+                return kResized;
+            case KEY_DC:
+                return kClearEntryKey;
+            case KEY_BACKSPACE:
+                return calc::key::kBackspace;
+            case KEY_ENTER:
+                return '\r';
+            default:
+                return key >= 0 && key < 256 ? key : kNoKey;
+        }
+    }
+
+    // The newest lines of the tape that fit, a rule, the display and total, the help or a message.
+    void draw(const calc::Calculator& calc, std::string_view message) {
+        erase();
+        const int rows = LINES - 3;
+        int row = 0;
+        for (const std::string_view line : tail(calc.tape().text(), rows)) {
+            mvaddnstr(row++, 0, line.data(), static_cast<int>(line.size()));
+        }
+        row = rows < 0 ? 0 : rows;
+        mvaddstr(row, 0, "------------------------------------------");
+        const std::string status = statusLine(calc);
+        mvaddnstr(row + 1, 0, status.data(), static_cast<int>(status.size()));
+        const std::string_view bottom = message.empty() ? kHelpLine : message;
+        mvaddnstr(row + 2, 0, bottom.data(), static_cast<int>(bottom.size()));
+        move(row + 1, 0);
+        refresh();
+    }
+};
+#else
+// A console without the curses library: the screen is written again after each key.
+class Screen {
+public:
+    bool stopped() const { return false; }
+    int readKey() {
+        const int key = std::getchar();
+        return key == EOF ? kCtrlD : key;
+    }
+    void draw(const calc::Calculator& calc, std::string_view message) {
+        std::string screen = "\x1b[H\x1b[2J";
+        for (const std::string_view line : tail(calc.tape().text(), 21)) {
+            screen.append(line).append("\n");
+        }
+        screen += "------------------------------------------\n";
+        screen += statusLine(calc) + "\n";
+        screen += message.empty() ? kHelpLine : message;
+        std::cout << screen << std::flush;
+    }
+};
+#endif
 
 std::string clearMessage(const calc::ClearReport& report, common::Language language) {
     if (report.backupFailed) {
@@ -149,80 +200,64 @@ int runTerminal(const common::Regional& regional, const calc::CalculatorOptions&
     }
     calc.setTapeSink(&file);
 
-#ifndef _WIN32
-    RawTerminal raw;
-#endif
+    // The session keeps the tape file; the screen goes first, so the terminal is given back before
+    // anything is reported on it.
     std::string message;
-    draw(calc, message);
-    for (;;) {
-        int key = readKey();
-        message.clear();
-        if (key < 0 || key == kCtrlD || key == 'q' || key == 'Q') {
-            break;
-        }
-        if (key == kEscape) {
-            // A lone Esc quits; "Esc [ 3 ~" is the Delete key.
-#ifndef _WIN32
-            termios t{};
-            tcgetattr(STDIN_FILENO, &t);
-            termios quick = t;
-            quick.c_cc[VMIN] = 0;
-            quick.c_cc[VTIME] = 1;
-            tcsetattr(STDIN_FILENO, TCSANOW, &quick);
-            std::string seq;
-            for (int c = readKey(); c >= 0 && seq.size() < 8; c = readKey()) {
-                seq += static_cast<char>(c);
-                if (c == '~' || (c >= 'A' && c <= 'Z' && c != '[')) {
+    {
+        Screen screen;
+        screen.draw(calc, message);
+        while (!screen.stopped()) {
+            const int key = screen.readKey();
+            if (key == kNoKey) {
+                continue;
+            }
+            if (key == kResized) {
+                screen.draw(calc, message);
+                continue;
+            }
+            message.clear();
+            if (key == kCtrlC || key == kCtrlD || key == kEscape || key == 'q' || key == 'Q') {
+                break;
+            }
+            switch (key) {
+                case kClearEntryKey:
+                    if (const auto report = calc.clearEntry()) {
+                        message = clearMessage(*report, regional.language);
+                    }
                     break;
-                }
+                case kDelete:
+                case calc::key::kBackspace:
+                    calc.backspace();
+                    break;
+                case '\r':
+                case '\n':
+                    calc.Form_KeyPress(calc::key::kEnter);
+                    break;
+                case kCtrlN:
+                    calc.changeSign();
+                    break;
+                case kCtrlZ:
+                    calc.undo();
+                    break;
+                case kCtrlY:
+                    calc.redo();
+                    break;
+                case kCtrlL:
+                    message = clearMessage(calc.clearTape(), regional.language);
+                    break;
+                default:
+                    calc.Form_KeyPress(key);
+                    break;
             }
-            tcsetattr(STDIN_FILENO, TCSANOW, &t);
-            if (seq.empty()) {
-                break;
+            if (!file.healthy()) {
+                message = "zavrello-cli: cannot write " + tapePath.string();
             }
-            if (seq == "[3~") {
-                key = 0;
-                if (const auto report = calc.clearEntry()) {
-                    message = clearMessage(*report, regional.language);
-                }
-            }
-            draw(calc, message);
-            continue;
-#else
-            break;
-#endif
+            screen.draw(calc, message);
         }
-        switch (key) {
-            case kDelete:
-            case calc::key::kBackspace:
-                calc.backspace();
-                break;
-            case '\r':
-            case '\n':
-                calc.Form_KeyPress(calc::key::kEnter);
-                break;
-            case kCtrlN:
-                calc.changeSign();
-                break;
-            case kCtrlZ:
-                calc.undo();
-                break;
-            case kCtrlY:
-                calc.redo();
-                break;
-            case kCtrlL:
-                message = clearMessage(calc.clearTape(), regional.language);
-                break;
-            default:
-                calc.Form_KeyPress(key);
-                break;
-        }
-        if (!file.healthy()) {
-            message = "zavrello-cli: cannot write " + tapePath.string();
-        }
-        draw(calc, message);
     }
-    std::cout << "\n";
+    if (!file.healthy()) {
+        std::cerr << "zavrello-cli: cannot write " << tapePath.string() << '\n';
+    }
     return file.healthy() ? 0 : 1;
 }
 
