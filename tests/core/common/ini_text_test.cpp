@@ -23,6 +23,7 @@ const QtLine kQtLines[] = {
     {"a comma and letters beyond ASCII", "Endereço", "RUA DA CONCEIÇÃO, 12",
      "Endere%E7o=\"RUA DA CONCEIÇÃO, 12\""},
     {"empty", "Empty", "", "Empty="},
+    {"a blank in a key", "k k", "v", "k%20k=v"},
     {"beyond Latin-1", "Euro", "€ 中", "Euro=€ 中"},
 };
 
