@@ -30,9 +30,14 @@ bool amountInRange(double amount) {
 }
 
 std::string amountRangeMessage(common::Language language, const common::NumberSeparators& seps) {
-    return common::GetText(language, common::txt::kAmountOutOfRange,
-                           common::formatNumber(kLowestAmount, common::pattern::kTwoDecimals, seps),
-                           common::formatNumber(kHighestAmount, common::pattern::kTwoDecimals, seps));
+    const std::string low = common::formatNumber(kLowestAmount, common::pattern::kTwoDecimals, seps);
+    const std::string high = common::formatNumber(kHighestAmount, common::pattern::kTwoDecimals, seps);
+    std::string message = common::GetText(language, common::txt::kAmountOutOfRange, low, high);
+    // The text exists in Portuguese only; an empty message would tell the user nothing.
+    if (message.empty()) {
+        message = common::GetText(common::Language::Portuguese, common::txt::kAmountOutOfRange, low, high);
+    }
+    return message;
 }
 
 std::string amountText(double amount, const common::NumberSeparators& seps) {

@@ -32,7 +32,8 @@ inline constexpr double kLowestAmount = 0.01;
 inline constexpr double kHighestAmount = 999999999999.99;
 bool amountInRange(double amount);
 
-// Text 900 with its two limits ("0,01" and "999999999999,99" in the user's separators).
+// Text 900 with its two limits ("0,01" and "999999999999,99" in the user's separators); in
+// Portuguese whatever the language, as the table holds it in Portuguese only.
 std::string amountRangeMessage(common::Language language, const common::NumberSeparators& seps);
 
 // The amount field: "***" + "#,##0.00" + " ".

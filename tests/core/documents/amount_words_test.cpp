@@ -81,10 +81,13 @@ TEST(AmountWords, OnlyWithinTheDocumentsRange) {
     }
 }
 
-TEST(AmountRangeMessage, GivesBothLimitsInTheUsersSeparators) {
-    EXPECT_EQ(amountRangeMessage(common::Language::Portuguese, {}),
-              "Digite o valor na calculadora para depois imprimir!\r\n\r\nInforme valores entre 0,01 e "
-              "999999999999,99");
+TEST(AmountRangeMessage, GivesBothLimitsInTheUsersSeparatorsInAnyLanguage) {
+    for (const auto language : {common::Language::Portuguese, common::Language::English}) {
+        SCOPED_TRACE(static_cast<int>(language));
+        EXPECT_EQ(amountRangeMessage(language, {}),
+                  "Digite o valor na calculadora para depois imprimir!\r\n\r\nInforme valores entre 0,01 e "
+                  "999999999999,99");
+    }
 }
 
 }  // namespace
