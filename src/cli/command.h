@@ -72,6 +72,9 @@ Outcome runRule3(const Invocation& call);
 Outcome runInterest(const Invocation& call);
 Outcome runSavings(const Invocation& call);
 Outcome runDiscount(const Invocation& call);
+Outcome runCheque(const Invocation& call);
+Outcome runNote(const Invocation& call);
+Outcome runLayouts(const Invocation& call);
 
 // CR LF from the text table and the tape becomes LF on our output.
 std::string toLf(std::string_view text);

@@ -288,7 +288,7 @@ private slots:
         // A folder that cannot be written: the user is told, nothing is left behind.
         m_s->dialogs.saveAs = u"/nonexistent/plano.pdf"_s;
         child<QPushButton>(*plano, "cmdPdf")->click();
-        QCOMPARE(m_s->dialogs.messages.last(), pt(303, "/nonexistent/plano.pdf"));
+        QCOMPARE(m_s->dialogs.messages.last(), pt(369, "/nonexistent/plano.pdf"));
     }
 };
 

@@ -171,7 +171,26 @@ inline constexpr int kPrintButtonEllipsis = 299;
 inline constexpr int kSavePdf = 300;
 inline constexpr int kLastAbsorbsRounding = 301;
 inline constexpr int kNothingToGroup = 302;
-inline constexpr int kFileNotWritten = 303;  // with the file's path
+
+// Cheque and promissory-note fillers.
+inline constexpr int kAmountOutOfRange = 900;     // with the lowest and the highest amount
+inline constexpr int kChangesCancelled = 944;     // "Alterações canceladas pelo usuário"
+inline constexpr int kScreenTooSmall = 947;       // the note window on a screen under 800 pixels
+inline constexpr int kSaveChangesQuestion = 948;  // with the model's name
+inline constexpr int kChequeModelPrompt = 971;
+inline constexpr int kSaveModelTitle = 972;  // " Salvar Modelo"
+inline constexpr int kNoteModelPrompt = 973;
+inline constexpr int kDueDatePrompt = 974;
+inline constexpr int kNoPrinterChosen = 360;
+inline constexpr int kLayoutsBackedUp = 361;     // with the file
+inline constexpr int kPayeeDeleteHint = 362;     // with the payee file
+inline constexpr int kNotABackup = 363;          // with the file
+inline constexpr int kForeignSection = 364;      // with the line number and the section
+inline constexpr int kBackupBadLine = 365;       // with the line number and the line
+inline constexpr int kValueBeforeSection = 366;  // with the line number and the line
+inline constexpr int kSettingsNotWritten = 367;
+inline constexpr int kFileNotRead = 368;     // with the file
+inline constexpr int kFileNotWritten = 369;  // with the file
 }  // namespace txt
 
 }  // namespace zv::common

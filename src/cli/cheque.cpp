@@ -1,0 +1,45 @@
+#include "cli/document_options.h"
+#include "cli/interest_options.h"
+#include "core/common/clock.h"
+#include "platform/user_settings.h"
+
+namespace zv::cli {
+
+// The cheque as the window would print it today: the layout of the chosen model, and the last
+// payee and city the window printed where no other is given.
+Outcome runCheque(const Invocation& call) {
+    double amount = 0;
+    int model = 0;
+    if (auto wrong = readOutputChoice(call, "cheque")) {
+        return *wrong;
+    }
+    if (auto wrong = readModel(call, model)) {
+        return *wrong;
+    }
+    const common::SystemClock clock;
+    common::Date date = common::dateOf(clock.now()).value_or(common::Date{});
+    if (call.has("--date")) {
+        if (auto wrong = readDateOption(call, "--date", date)) {
+            return *wrong;
+        }
+    }
+    if (auto wrong = readDocumentAmount(call, "cheque", amount)) {
+        return *wrong;
+    }
+    const std::unique_ptr<common::SettingsStore> store = platform::makeUserSettingsStore();
+    documents::Layout layout = documents::loadLayout(*store, documents::DocumentKind::Cheque, model);
+    layout.fourDigitYear = layout.fourDigitYear || call.has("--year4");
+    documents::ChequeEntry entry = documents::lastChequeEntry(*store);
+    entry.amount = amount;
+    entry.date = date;
+    if (call.has("--payee")) {
+        entry.payee = optionValue(call, "--payee");
+    }
+    if (call.has("--city")) {
+        entry.city = optionValue(call, "--city");
+    }
+    printFields(call, *documents::fillCheque(layout, entry, call.regional.separators));
+    return done();
+}
+
+}  // namespace zv::cli

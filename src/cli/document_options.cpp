@@ -1,0 +1,65 @@
+#include "cli/document_options.h"
+
+#include <ostream>
+
+#include "cli/arguments.h"
+#include "cli/interest_options.h"
+#include "core/documents/amount_words.h"
+
+namespace zv::cli {
+
+std::optional<Outcome> readOutputChoice(const Invocation& call, std::string_view command) {
+    if (!call.operands.empty()) {
+        return usageError(std::string(command) + " takes no operands");
+    }
+    if (call.has("--fields") == call.has("--pdf")) {
+        return usageError(std::string(command) + " takes either --fields or --pdf FILE");
+    }
+    if (call.has("--pdf")) {
+        return usageError("--pdf is not available yet: use --fields");
+    }
+    return std::nullopt;
+}
+
+std::optional<Outcome> readDocumentAmount(const Invocation& call, std::string_view command, double& target) {
+    if (!call.has("--amount")) {
+        return usageError(std::string(command) + " needs --amount");
+    }
+    const Parsed<double> amount = readAmount(optionValue(call, "--amount"), call.regional.separators);
+    if (!amount.ok() || !documents::amountInRange(amount.value())) {
+        return rejected(documents::amountRangeMessage(call.regional.language, call.regional.separators));
+    }
+    target = amount.value();
+    return std::nullopt;
+}
+
+std::optional<Outcome> readModel(const Invocation& call, int& target) {
+    if (!call.has("--model")) {
+        target = 0;
+        return std::nullopt;
+    }
+    const Parsed<long long> model = readWhole(optionValue(call, "--model"), 1, documents::kModelCount);
+    if (!model.ok()) {
+        return usageError("--model takes 1 to 9");
+    }
+    target = static_cast<int>(model.value()) - 1;
+    return std::nullopt;
+}
+
+std::optional<Outcome> readDateOption(const Invocation& call, std::string_view option, common::Date& target) {
+    const Parsed<common::Date> date = readDate(optionValue(call, option));
+    if (!date.ok()) {
+        return usageError(std::string(option) +
+                          " takes a date DD/MM/YYYY, not: " + optionValue(call, option));
+    }
+    target = date.value();
+    return std::nullopt;
+}
+
+void printFields(const Invocation& call, const std::vector<documents::FilledField>& fields) {
+    for (const documents::FilledField& field : fields) {
+        call.out << field.control << '\t' << field.left << '\t' << field.top << '\t' << field.text << '\n';
+    }
+}
+
+}  // namespace zv::cli
