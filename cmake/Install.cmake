@@ -44,16 +44,17 @@ set(CPACK_PACKAGE_NAME "zavrello")
 set(CPACK_PACKAGE_VERSION "${PROJECT_VERSION}")
 set(CPACK_PACKAGE_CONTACT "Zavrello <suporte@zavrello.com.br>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "printing adding machine with a paper tape")
-set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
-    "printing adding machine with a paper tape\n"
-    "Type an amount and press an operator: the amount is printed on a paper tape\n"
-    "with the operator's sign and the running total follows the tape. The tape is\n"
-    "kept on disk line by line, can be undone and redone, searched, edited, saved\n"
-    "and printed, and is backed up whenever it is cleared. Office tools: amounts in\n"
-    "Portuguese words, a date calculator, the rule of three and a weights-and-\n"
-    "measures converter. Portuguese, English and Spanish.\n"
-    "\n"
-    "zavrello-cli gives the same calculations on the command line.")
+# The summary above is the synopsis line; this is the text under it (one string: a CMake list
+# would join its lines with ";").
+string(CONCAT CPACK_DEBIAN_PACKAGE_DESCRIPTION
+       "Type an amount and press an operator: the amount is printed on a paper tape\n"
+       "with the operator's sign and the running total follows the tape. The tape is\n"
+       "kept on disk line by line, can be undone and redone, searched, edited, saved\n"
+       "and printed, and is backed up whenever it is cleared. Office tools: amounts in\n"
+       "Portuguese words, a date calculator, the rule of three and a weights-and-\n"
+       "measures converter. Portuguese, English and Spanish.\n"
+       ".\n"
+       "zavrello-cli gives the same calculations on the command line.")
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION "utils")
 set(CPACK_DEBIAN_PACKAGE_PRIORITY "optional")
