@@ -133,7 +133,8 @@ std::string execArgument(const std::string& program) {
 ShortcutResult createProgramShortcut(const std::string& programPath, const std::string& workingFolder) {
     const std::filesystem::path folder = applicationsFolder();
     // Named as the installed entry, so that where the program is installed it takes that entry's
-    // place in the menu instead of showing the program twice.
+    // place in the menu instead of showing the program twice; TryExec hides it once the program
+    // is gone.
     const std::string name = std::string(kApplicationId) + ".desktop";
     const std::filesystem::path entry = folder / name;
     ShortcutResult result{false, entry.string()};
@@ -144,9 +145,9 @@ ShortcutResult createProgramShortcut(const std::string& programPath, const std::
     }
     const std::string text =
         "[Desktop Entry]\nType=Application\nName=Zavrello\nExec=" + execArgument(programPath) +
-        "\nPath=" + escapeString(workingFolder) + "\nIcon=" + std::string(kApplicationId) +
-        "\nCategories=" + std::string(kMenuCategories) + "\nStartupWMClass=" + std::string(kWindowClass) +
-        "\nTerminal=false\n";
+        "\nTryExec=" + escapeString(programPath) + "\nPath=" + escapeString(workingFolder) +
+        "\nIcon=" + std::string(kApplicationId) + "\nCategories=" + std::string(kMenuCategories) +
+        "\nStartupWMClass=" + std::string(kWindowClass) + "\nTerminal=false\n";
 
     // Written beside the entry and renamed over it, so a menu never reads half an entry.
     const std::filesystem::path temp = folder / ("." + name + "." + std::to_string(::getpid()) + ".tmp");

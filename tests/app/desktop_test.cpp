@@ -53,6 +53,8 @@ private slots:
         auto written = keysOf(path);
         QVERIFY2(!written.empty(), qPrintable(path));
         QVERIFY(QString::fromStdString(written["Exec"]).endsWith(QStringLiteral("\" systray")));
+        // Skipped by the session once the program is no longer there.
+        QCOMPARE(QString::fromStdString(written["TryExec"]), QCoreApplication::applicationFilePath());
         auto installed = keysOf(QStringLiteral(ZV_DATA_DIR "/%1.desktop").arg(app::applicationId()));
         for (const char* key : {"Type", "Name", "Icon", "StartupWMClass"}) {
             QVERIFY2(!installed[key].empty(), key);

@@ -85,6 +85,7 @@ TEST(ProgramShortcut, ShowsAsTheInstalledEntryAndTakesItsPlace) {
     // Same desktop-file id: where the package is installed the menu shows one entry, the user's.
     EXPECT_EQ(std::filesystem::path(result.where).filename(), installed.filename());
     auto written = fakes::desktopEntryKeys(common::readFileBytes(result.where).value_or(""));
+    EXPECT_EQ(written["TryExec"], "/usr/bin/zavrello");
     auto wanted = fakes::desktopEntryKeys(common::readFileBytes(installed).value_or(""));
     for (const char* key : {"Type", "Name", "Icon", "Categories", "StartupWMClass", "Terminal"}) {
         SCOPED_TRACE(key);

@@ -36,10 +36,11 @@ void setStartWithSystem(bool enabled) {
         return;
     }
     // The installed entry's name, icon and window class, so the session's list of start-up
-    // programs shows the program as the menu does.
+    // programs shows the program as the menu does. TryExec: once the program is removed the
+    // session skips the entry instead of failing to start it at every log-on.
     const QString entry = QStringLiteral(
                               "[Desktop Entry]\nType=Application\nName=Zavrello\nExec=\"%1\" systray\n"
-                              "Icon=%2\nStartupWMClass=%3\nX-GNOME-Autostart-enabled=true\n")
+                              "TryExec=%1\nIcon=%2\nStartupWMClass=%3\nX-GNOME-Autostart-enabled=true\n")
                               .arg(program, applicationId(), latin1(platform::kWindowClass));
     file.write(entry.toUtf8());
     file.commit();
