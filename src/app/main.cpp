@@ -14,6 +14,7 @@
 #endif
 
 #include "app/calc/frm_calcula.h"
+#include "app/common/app_icon.h"
 #include "app/common/dialogs.h"
 #include "app/common/qsettings_store.h"
 #include "app/common/qt_translations.h"
@@ -82,6 +83,11 @@ int main(int argc, char** argv) {
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Zavrello"));
     QApplication::setOrganizationName(QStringLiteral("Zavrello"));
+    // The desktop matches the windows to the installed entry by this name on Wayland and by the
+    // window class (the application name, "Zavrello") on X11.
+    QGuiApplication::setDesktopFileName(zv::app::applicationId());
+    // Every window, the tool windows included, shows the program's icon.
+    QApplication::setWindowIcon(zv::app::applicationIcon());
     // The tray program decides when the program ends, not the last window.
     QApplication::setQuitOnLastWindowClosed(false);
 

@@ -3,6 +3,8 @@
 #include <filesystem>
 #include <system_error>
 
+#include "platform/desktop_identity.h"
+
 #ifdef _WIN32
 // windows.h (through wide_text.h) before the shell headers, which depend on its types.
 #include "platform/windows/wide_text.h"
@@ -130,7 +132,11 @@ std::string execArgument(const std::string& program) {
 // counterpart here, and a global shortcut is left to the user's desktop settings.
 ShortcutResult createProgramShortcut(const std::string& programPath, const std::string& workingFolder) {
     const std::filesystem::path folder = applicationsFolder();
-    const std::filesystem::path entry = folder / "zavrello.desktop";
+    // Named as the installed entry, so that where the program is installed it takes that entry's
+    // place in the menu instead of showing the program twice; TryExec hides it once the program
+    // is gone.
+    const std::string name = std::string(kApplicationId) + ".desktop";
+    const std::filesystem::path entry = folder / name;
     ShortcutResult result{false, entry.string()};
     std::error_code ec;
     std::filesystem::create_directories(folder, ec);
@@ -139,11 +145,12 @@ ShortcutResult createProgramShortcut(const std::string& programPath, const std::
     }
     const std::string text =
         "[Desktop Entry]\nType=Application\nName=Zavrello\nExec=" + execArgument(programPath) +
-        "\nPath=" + escapeString(workingFolder) +
-        "\nIcon=accessories-calculator\nCategories=Office;Utility;\n";
+        "\nTryExec=" + escapeString(programPath) + "\nPath=" + escapeString(workingFolder) +
+        "\nIcon=" + std::string(kApplicationId) + "\nCategories=" + std::string(kMenuCategories) +
+        "\nStartupWMClass=" + std::string(kWindowClass) + "\nTerminal=false\n";
 
     // Written beside the entry and renamed over it, so a menu never reads half an entry.
-    const std::filesystem::path temp = folder / (".zavrello.desktop." + std::to_string(::getpid()) + ".tmp");
+    const std::filesystem::path temp = folder / ("." + name + "." + std::to_string(::getpid()) + ".tmp");
     std::FILE* file = std::fopen(temp.c_str(), "wb");
     if (file == nullptr) {
         return result;

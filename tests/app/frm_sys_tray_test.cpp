@@ -7,6 +7,7 @@
 #include <functional>
 
 #include "app/calc/frm_calcula.h"
+#include "app/common/app_icon.h"
 #include "app/tray/frm_sys_tray.h"
 #include "app/window_services.h"
 #include "fakes/memory_registry.h"
@@ -202,6 +203,48 @@ private slots:
         QVERIFY(!action(*open(), "mnuProteger")->isChecked());
         // No policies on this system: the item is not offered.
         QVERIFY(!action(*open(false), "mnuProteger")->isVisible());
+    }
+
+    void normalPictureIsTheApplicationIcon() {
+        const QIcon normal = app::FrmSysTray::drawIcon(0);
+        for (const int size : {16, 24, 48}) {
+            QCOMPARE(normal.pixmap(QSize(size, size), 1.0).toImage(),
+                     app::applicationIcon().pixmap(QSize(size, size), 1.0).toImage());
+        }
+    }
+
+    void blinkingPicturesLightTheMachineOrGreyTheTape_data() {
+        QTest::addColumn<int>("frame");
+        QTest::addColumn<int>("x");
+        QTest::addColumn<int>("y");
+        QTest::addColumn<QString>("change");
+        // 16 px: (2, 12) is the machine's body between its keys, (5, 1) the tape's paper.
+        QTest::newRow("frame 2, the body turns red") << 2 << 2 << 12 << u"red"_s;
+        QTest::newRow("frame 2, the tape turns yellow") << 2 << 5 << 1 << u"yellow"_s;
+        QTest::newRow("frame 1, the tape turns grey") << 1 << 5 << 1 << u"darker"_s;
+        QTest::newRow("frame 1, the body stays") << 1 << 2 << 12 << u"same"_s;
+    }
+    void blinkingPicturesLightTheMachineOrGreyTheTape() {
+        QFETCH(int, frame);
+        QFETCH(int, x);
+        QFETCH(int, y);
+        QFETCH(QString, change);
+        const QColor before =
+            app::FrmSysTray::drawIcon(0).pixmap(QSize(16, 16), 1.0).toImage().pixelColor(x, y);
+        const QColor after =
+            app::FrmSysTray::drawIcon(frame).pixmap(QSize(16, 16), 1.0).toImage().pixelColor(x, y);
+        QCOMPARE(after.alpha(), before.alpha());
+        if (change == u"red"_s) {
+            QVERIFY2(after.red() > before.red() + 60 && after.red() > after.blue() + 60,
+                     qPrintable(after.name()));
+        } else if (change == u"yellow"_s) {
+            QVERIFY2(after.blue() + 60 < before.blue() && after.red() > 200 && after.green() > 180,
+                     qPrintable(after.name()));
+        } else if (change == u"darker"_s) {
+            QVERIFY2(after.lightness() + 60 < before.lightness(), qPrintable(after.name()));
+        } else {
+            QCOMPARE(after, before);
+        }
     }
 
     void shortcutSaysWhereItWent() {

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "core/common/text_file.h"
+#include "fakes/desktop_entry.h"
 #include "fakes/rows.h"
 #include "fakes/scoped_env.h"
 #include "fakes/temp_folder.h"
@@ -31,12 +32,13 @@ TEST(ProgramShortcut, GoesToTheUsersApplicationsFolder) {
     };
     expectRows({
         {"XDG_DATA_HOME set", place((home / "xdg").c_str()),
-         "created xdg/applications/zavrello.desktop file"},
-        {"XDG_DATA_HOME unset", place(nullptr), "created .local/share/applications/zavrello.desktop file"},
+         "created xdg/applications/br.com.zavrello.Zavrello.desktop file"},
+        {"XDG_DATA_HOME unset", place(nullptr),
+         "created .local/share/applications/br.com.zavrello.Zavrello.desktop file"},
         {"relative XDG_DATA_HOME ignored", place("./relative"),
-         "created .local/share/applications/zavrello.desktop file"},
+         "created .local/share/applications/br.com.zavrello.Zavrello.desktop file"},
         {"a file where the folder should be", place((home / "file").c_str()),
-         "failed file/applications/zavrello.desktop"},
+         "failed file/applications/br.com.zavrello.Zavrello.desktop"},
     });
 }
 
@@ -65,6 +67,31 @@ TEST(ProgramShortcut, EntryStartsTheProgramInItsFolderAndReplacesTheOneBefore) {
          "Exec=\"/p/a\\\\$b\\\\`c\\\\\"d%%e\"\nPath=/p\n"},
         {"backslash", lines("/p/a\\b", "/p\\q"), "Exec=\"/p/a\\\\\\\\b\"\nPath=/p\\\\q\n"},
     });
+}
+
+TEST(ProgramShortcut, ShowsAsTheInstalledEntryAndTakesItsPlace) {
+    // The one entry the package installs.
+    std::filesystem::path installed;
+    for (const auto& file : std::filesystem::directory_iterator(ZV_DATA_DIR)) {
+        if (file.path().extension() == ".desktop") {
+            ASSERT_TRUE(installed.empty()) << installed << " and " << file.path();
+            installed = file.path();
+        }
+    }
+    ASSERT_FALSE(installed.empty());
+    const fakes::TempFolder home;
+    const fakes::ScopedEnv xdgEnv("XDG_DATA_HOME", home.path().c_str());
+    const ShortcutResult result = createProgramShortcut("/usr/bin/zavrello", "/usr/bin");
+    // Same desktop-file id: where the package is installed the menu shows one entry, the user's.
+    EXPECT_EQ(std::filesystem::path(result.where).filename(), installed.filename());
+    auto written = fakes::desktopEntryKeys(common::readFileBytes(result.where).value_or(""));
+    EXPECT_EQ(written["TryExec"], "/usr/bin/zavrello");
+    auto wanted = fakes::desktopEntryKeys(common::readFileBytes(installed).value_or(""));
+    for (const char* key : {"Type", "Name", "Icon", "Categories", "StartupWMClass", "Terminal"}) {
+        SCOPED_TRACE(key);
+        EXPECT_FALSE(wanted[key].empty());
+        EXPECT_EQ(written[key], wanted[key]);
+    }
 }
 
 #endif

@@ -7,6 +7,9 @@
 #include <QSettings>
 #include <QStandardPaths>
 
+#include "app/common/app_icon.h"
+#include "platform/desktop_identity.h"
+
 namespace zv::app {
 
 void setStartWithSystem(bool enabled) {
@@ -32,10 +35,13 @@ void setStartWithSystem(bool enabled) {
     if (!file.open(QIODevice::WriteOnly | QIODevice::Text)) {
         return;
     }
+    // The installed entry's name, icon and window class, so the session's list of start-up
+    // programs shows the program as the menu does. TryExec: once the program is removed the
+    // session skips the entry instead of failing to start it at every log-on.
     const QString entry = QStringLiteral(
                               "[Desktop Entry]\nType=Application\nName=Zavrello\nExec=\"%1\" systray\n"
-                              "Icon=accessories-calculator\nX-GNOME-Autostart-enabled=true\n")
-                              .arg(program);
+                              "TryExec=%1\nIcon=%2\nStartupWMClass=%3\nX-GNOME-Autostart-enabled=true\n")
+                              .arg(program, applicationId(), latin1(platform::kWindowClass));
     file.write(entry.toUtf8());
     file.commit();
 #endif

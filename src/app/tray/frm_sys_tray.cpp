@@ -4,12 +4,12 @@
 #include <QApplication>
 #include <QMenu>
 #include <QPainter>
-#include <QPainterPath>
 #include <QSystemTrayIcon>
 #include <QTimer>
 #include <QWidget>
 #include <climits>
 
+#include "app/common/app_icon.h"
 #include "app/common/captions.h"
 #include "app/common/dialogs.h"
 #include "app/common/menu_look.h"
@@ -297,28 +297,28 @@ void FrmSysTray::mnuSair_Click() {
 }
 
 QIcon FrmSysTray::drawIcon(int frame) {
-    // A small desk calculator: body, display, two rows of keys. Frame 2 lights the body and the
-    // display, frame 1 dims the display; the normal icon is frame 0.
+    // The application icon is the normal picture. The two blinking frames change it where the
+    // eye looks in a small picture: frame 2 lights the machine red and its tape yellow, frame 1
+    // greys the tape. The icon is drawn on a 16-unit grid: the tape's paper is x 4-12 above the
+    // roller at y 8, the machine's body y 8-16.
+    const QIcon application = applicationIcon();
     QIcon icon;
-    for (const int size : {16, 22, 24, 32, 48, 64, 128}) {
-        QPixmap pixmap(size, size);
-        pixmap.fill(Qt::transparent);
-        QPainter p(&pixmap);
-        p.setRenderHint(QPainter::Antialiasing);
-        const qreal s = size / 16.0;
-        QPainterPath body;
-        body.addRoundedRect(QRectF(1.5 * s, 0.5 * s, 13 * s, 15 * s), 2 * s, 2 * s);
-        p.fillPath(body, frame == 2 ? QColor(0xc0, 0x30, 0x30) : QColor(0x2f, 0x4f, 0x7f));
-        const QColor display = frame == 2   ? QColor(0xff, 0xf0, 0x80)
-                               : frame == 1 ? QColor(0x70, 0x90, 0x90)
-                                            : QColor(0xc0, 0xff, 0xff);
-        p.fillRect(QRectF(3 * s, 2 * s, 10 * s, 4 * s), display);
-        for (int row = 0; row < 2; ++row) {
-            for (int col = 0; col < 3; ++col) {
-                p.fillRect(QRectF((3 + col * 3.5) * s, (8 + row * 3.5) * s, 2.5 * s, 2.5 * s), Qt::white);
+    for (const int size : applicationIconSizes()) {
+        QPixmap pixmap = application.pixmap(QSize(size, size), 1.0);
+        if (frame != 0) {
+            QPainter p(&pixmap);
+            // Only where the picture has paint, so the outline stays the same.
+            p.setCompositionMode(QPainter::CompositionMode_SourceAtop);
+            const qreal s = size / 16.0;
+            const QRectF tape(4 * s, 0, 8 * s, 8 * s);
+            const QRectF body(0, 8 * s, 16 * s, 8 * s);
+            if (frame == 2) {
+                p.fillRect(body, QColor(0xe0, 0x20, 0x20, 0xa0));
+                p.fillRect(tape, QColor(0xff, 0xe0, 0x40, 0x90));
+            } else {
+                p.fillRect(tape, QColor(0x60, 0x70, 0x70, 0xa0));
             }
         }
-        p.end();
         icon.addPixmap(pixmap);
     }
     return icon;

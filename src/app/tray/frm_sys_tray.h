@@ -69,7 +69,7 @@ public:
     bool blinkRunning() const;
     int iconFrame() const { return m_iconFrame; }
 
-    // The three icons: normal, and the two frames of the blinking one.
+    // The three icons: normal (the application icon), and the two frames of the blinking one.
     static QIcon drawIcon(int frame);
 
 signals:

@@ -100,22 +100,26 @@ std::optional<std::string> capitalisationTotals(std::string_view tape, common::L
     int blocks = 0;
     // A capitalisation is the only block with a days label; its initial value comes before it and
     // its final value after it, each on the line under its label.
-    std::optional<double> pendingInitial;
+    // (A plain value and a flag: g++ 12 at -O3 takes the optional's payload for uninitialised.)
+    double pendingInitial = 0;
+    bool havePendingInitial = false;
     bool sawDays = false;
     const std::vector<std::string_view> lines = linesOf(tape);
     for (std::size_t i = 0; i + 1 < lines.size(); ++i) {
         if (isLabel(lines[i], t::kInitialLabel)) {
-            pendingInitial = amountOf(lines[i + 1], seps);
+            const std::optional<double> value = amountOf(lines[i + 1], seps);
+            havePendingInitial = value.has_value();
+            pendingInitial = value.value_or(0.0);
             sawDays = false;
         } else if (isLabel(lines[i], t::kDaysLabel)) {
-            sawDays = pendingInitial.has_value();
+            sawDays = havePendingInitial;
         } else if (isLabel(lines[i], t::kFinalLabel) && sawDays) {
             if (const std::optional<double> value = amountOf(lines[i + 1], seps)) {
-                initial += *pendingInitial;
+                initial += pendingInitial;
                 final += *value;
                 ++blocks;
             }
-            pendingInitial.reset();
+            havePendingInitial = false;
             sawDays = false;
         }
     }

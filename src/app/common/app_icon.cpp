@@ -1,0 +1,24 @@
+#include "app/common/app_icon.h"
+
+#include "platform/desktop_identity.h"
+
+namespace zv::app {
+
+QString applicationId() {
+    return latin1(platform::kApplicationId);
+}
+
+QList<int> applicationIconSizes() {
+    return {16, 24, 32, 48, 64, 128, 256};
+}
+
+QIcon applicationIcon() {
+    const QString id = applicationId();
+    QIcon icon;
+    for (const int size : applicationIconSizes()) {
+        icon.addFile(QStringLiteral(":/icons/%1x%1/apps/%2.png").arg(size).arg(id), QSize(size, size));
+    }
+    return icon;
+}
+
+}  // namespace zv::app
