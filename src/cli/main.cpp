@@ -15,6 +15,7 @@
 #endif
 
 #include "cli/cli.h"
+#include "platform/command_line.h"
 
 namespace {
 
@@ -36,7 +37,7 @@ zv::common::NumberSeparators localeSeparators() {
 }  // namespace
 
 int main(int argc, char** argv) {
-    std::vector<std::string> args(argv + 1, argv + argc);
+    const std::vector<std::string> args = zv::platform::programArguments(argc, argv);
     zv::cli::Environment env;
     env.localeSeparators = localeSeparators();
     env.stdinIsTerminal = ZV_ISATTY(ZV_FILENO(stdin)) != 0;

@@ -3,13 +3,26 @@
 #include <cstdlib>
 #include <system_error>
 
+#ifdef _WIN32
+#include "platform/windows/wide_text.h"
+#endif
+
 namespace zv::platform {
 namespace {
 
+#ifdef _WIN32
+// The wide environment: getenv would hand over the ANSI code page's spelling, which loses any
+// letter of the user's name that code page lacks.
+std::filesystem::path fromEnv(const char* name) {
+    const wchar_t* value = _wgetenv(windows::widen(name).c_str());
+    return value != nullptr && *value != L'\0' ? std::filesystem::path(value) : std::filesystem::path();
+}
+#else
 std::filesystem::path fromEnv(const char* name) {
     const char* value = std::getenv(name);
     return value != nullptr && *value != '\0' ? std::filesystem::path(value) : std::filesystem::path();
 }
+#endif
 
 std::filesystem::path defaultFolder() {
 #ifdef _WIN32

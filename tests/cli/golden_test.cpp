@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 
+#include <algorithm>
 #include <cctype>
+#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <optional>
@@ -13,6 +15,7 @@
 
 #include "cli/command.h"
 #include "core/common/text.h"
+#include "core/common/text_encoding.h"
 #include "core/common/text_file.h"
 #include "fakes/temp_folder.h"
 
@@ -36,13 +39,37 @@ std::string shellQuoted(std::string_view text) {
     return quoted + "'";
 }
 
+// The program the cases run: this build's, or the command in ZV_GOLDEN_PROGRAM, which runs
+// another build of it (scripts/test-windows: the Windows one under Wine).
+std::string program() {
+    const char* other = std::getenv("ZV_GOLDEN_PROGRAM");
+    return other != nullptr && *other != '\0' ? other : ZV_CLI;
+}
+
+// ZV_GOLDEN_WINDOWS=1: the program is a Windows one. Its standard output and error are text
+// streams that write each line end as CR LF, so its outputs must be the cases' own with every LF
+// written that way and nothing else changed. Its command line is UTF-16, which no byte sequence
+// that is not UTF-8 can reach: such cases cannot be put to it.
+bool windowsProgram() {
+    const char* windows = std::getenv("ZV_GOLDEN_WINDOWS");
+    return windows != nullptr && std::string_view(windows) == "1";
+}
+
+std::string withCrLf(std::string_view text) {
+    std::string out;
+    for (const char c : text) {
+        out += c == '\n' ? std::string("\r\n") : std::string(1, c);
+    }
+    return out;
+}
+
 // What the program does with a case's command line and input, run from a folder of the test's own
 // that is also its data folder, with the locale C.UTF-8 (separators . and ,) and no other setting.
 Case runCli(const Case& c) {
     const fakes::TempFolder dir;
     fakes::writeRaw(dir / "in", c.input);
     std::string command = "cd " + shellQuoted(dir.path().string()) +
-                          " && env -i LC_ALL=C.UTF-8 ZAVRELLO_HOME=\"$PWD\" " + shellQuoted(ZV_CLI);
+                          " && env -i LC_ALL=C.UTF-8 ZAVRELLO_HOME=\"$PWD\" " + shellQuoted(program());
     for (const std::string& arg : c.args) {
         command += " " + shellQuoted(arg);
     }
@@ -143,6 +170,7 @@ TEST(Golden, EveryCaseDoesWhatItsLineSays) {
     for (const Command& command : commands()) {
         names.emplace_back(command.name);
     }
+    int notUtf8 = 0;
     for (const std::string& name : names) {
         const std::string path = (dir / (name + ".txt")).string();
         std::istringstream lines(common::readFileBytes(path).value_or(""));
@@ -156,10 +184,18 @@ TEST(Golden, EveryCaseDoesWhatItsLineSays) {
             }
             ++cases;
             const testing::ScopedTrace where(path.c_str(), number, line);
-            const std::optional<Case> c = parseCase(line, usage);
+            std::optional<Case> c = parseCase(line, usage);
             if (!c) {
                 ADD_FAILURE() << "this line is no case";
                 continue;
+            }
+            if (windowsProgram()) {
+                if (!std::all_of(c->args.begin(), c->args.end(), common::isValidUtf8)) {
+                    ++notUtf8;
+                    continue;
+                }
+                c->out = withCrLf(c->out);
+                c->err = withCrLf(c->err);
             }
             Case got = runCli(*c);
             if (c->tail && ("\n" + got.out).ends_with("\n" + c->out)) {
@@ -170,6 +206,10 @@ TEST(Golden, EveryCaseDoesWhatItsLineSays) {
             EXPECT_EQ(got.err, c->err);
         }
         EXPECT_GT(cases, 0) << "no case in " << path;
+    }
+    if (notUtf8 > 0) {
+        std::printf("%d cases left out: an argument that is no UTF-8 cannot reach a Windows program\n",
+                    notUtf8);
     }
 }
 

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <string>
 
 #include "fakes/scoped_env.h"
 #include "fakes/temp_folder.h"
@@ -23,6 +24,46 @@ TEST(CopyLock, EachRunningCopyTakesTheLowestFreeSuffix) {
     EXPECT_EQ(next(), "");
 }
 
+#ifdef _WIN32
+
+std::string utf8(const std::filesystem::path& path) {
+    const std::u8string text = path.u8string();
+    return std::string(text.begin(), text.end());
+}
+
+// %APPDATA% is the roaming profile folder, which holds the user's name: one the ANSI code page
+// cannot spell must still find (and create) the folder, not a mangled neighbour of it.
+TEST(DataFolder, IsZavrelloInTheUsersApplicationData) {
+    const fakes::TempFolder dir;
+    struct Case {
+        const char* label;
+        std::filesystem::path appData;
+    };
+    const Case cases[] = {
+        {"plain", dir / "AppData"},
+        {"accents", dir.path() / u8"Usuário João" / "AppData"},
+        {"outside the ANSI code page", dir.path() / u8"Пользователь Ωμέγα" / "AppData"},
+    };
+    const fakes::ScopedEnv own("ZAVRELLO_HOME", nullptr);
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.label);
+        const fakes::ScopedEnv appData("APPDATA", utf8(c.appData).c_str());
+        EXPECT_EQ(utf8(dataFolder()), utf8(c.appData / "Zavrello"));
+        EXPECT_TRUE(std::filesystem::is_directory(c.appData / "Zavrello"));
+    }
+}
+
+TEST(DataFolder, OwnFolderComesFirst) {
+    const fakes::TempFolder dir;
+    const std::filesystem::path own = dir.path() / u8"Cálculos Ωμέγα";
+    const fakes::ScopedEnv appData("APPDATA", utf8(dir / "AppData").c_str());
+    const fakes::ScopedEnv ownEnv("ZAVRELLO_HOME", utf8(own).c_str());
+    EXPECT_EQ(utf8(dataFolder()), utf8(own));
+    EXPECT_TRUE(std::filesystem::is_directory(own));
+}
+
+#else
+
 TEST(DataFolder, FollowsTheEnvironmentAndIsCreated) {
     const fakes::TempFolder dir;
     const fakes::ScopedEnv xdg("XDG_DATA_HOME", (dir / "xdg").c_str());
@@ -34,6 +75,8 @@ TEST(DataFolder, FollowsTheEnvironmentAndIsCreated) {
     const fakes::ScopedEnv own("ZAVRELLO_HOME", nullptr);
     EXPECT_EQ(dataFolder(), dir / "xdg" / "zavrello");
 }
+
+#endif
 
 }  // namespace
 }  // namespace zv::platform

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <fstream>
 #include <string>
 
 #include "core/common/text_file.h"
@@ -10,6 +11,15 @@
 #include "fakes/rows.h"
 #include "fakes/scoped_env.h"
 #include "fakes/temp_folder.h"
+
+#ifdef _WIN32
+#include "platform/windows/wide_text.h"
+// clang-format off
+#include <objbase.h>
+#include <shlobj.h>
+#include <shobjidl.h>
+// clang-format on
+#endif
 
 namespace zv::platform {
 namespace {
@@ -92,6 +102,56 @@ TEST(ProgramShortcut, ShowsAsTheInstalledEntryAndTakesItsPlace) {
         EXPECT_FALSE(wanted[key].empty());
         EXPECT_EQ(written[key], wanted[key]);
     }
+}
+
+#else
+
+// The link is read back through the shell's own interface: target, folder and hot key as given.
+std::string linkSummary(const std::filesystem::path& link) {
+    std::string summary;
+    CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+    IShellLinkW* shellLink = nullptr;
+    IPersistFile* file = nullptr;
+    if (SUCCEEDED(CoCreateInstance(CLSID_ShellLink, nullptr, CLSCTX_INPROC_SERVER, IID_IShellLinkW,
+                                   reinterpret_cast<void**>(&shellLink))) &&
+        SUCCEEDED(shellLink->QueryInterface(IID_IPersistFile, reinterpret_cast<void**>(&file))) &&
+        SUCCEEDED(file->Load(link.c_str(), STGM_READ))) {
+        wchar_t path[MAX_PATH] = {};
+        wchar_t folder[MAX_PATH] = {};
+        WORD hotKey = 0;
+        shellLink->GetPath(path, MAX_PATH, nullptr, 0);
+        shellLink->GetWorkingDirectory(folder, MAX_PATH);
+        shellLink->GetHotkey(&hotKey);
+        summary = windows::narrow(path) + "|" + windows::narrow(folder) + "|" + std::to_string(hotKey);
+    }
+    if (file != nullptr) {
+        file->Release();
+    }
+    if (shellLink != nullptr) {
+        shellLink->Release();
+    }
+    CoUninitialize();
+    return summary;
+}
+
+TEST(ProgramShortcut, StartMenuLinkStartsTheProgramInItsFolderWithCtrlShiftC) {
+    const fakes::TempFolder dir;
+    // Accents only: Wine keeps a link's target in the ANSI code page alone (Windows keeps it in
+    // Unicode too), so a Greek or Cyrillic target would read back mangled there whatever we do.
+    const std::filesystem::path folder = dir.path() / u8"Cálculos da Conceição";
+    std::filesystem::create_directories(folder);
+    std::ofstream(folder / "zavrello.exe").put('x');
+    const std::string program = windows::narrow((folder / "zavrello.exe").wstring());
+    const ShortcutResult result = createProgramShortcut(program, windows::narrow(folder.wstring()));
+    ASSERT_TRUE(result.created);
+    const std::filesystem::path link = std::filesystem::path(windows::widen(result.where));
+    EXPECT_EQ(link.filename(), "Zavrello.lnk");
+    EXPECT_EQ(link.parent_path().filename(), "Zavrello");
+    EXPECT_EQ(link.parent_path().parent_path().filename(), "Programs");
+    // Ctrl+Shift+C: 'C' in the low byte, HOTKEYF_CONTROL | HOTKEYF_SHIFT (3) in the high one.
+    EXPECT_EQ(linkSummary(link),
+              program + "|" + windows::narrow(folder.wstring()) + "|" + std::to_string(0x343));
+    std::filesystem::remove_all(link.parent_path());
 }
 
 #endif

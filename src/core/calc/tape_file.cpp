@@ -86,7 +86,7 @@ void closeStream(std::FILE*& file) {
 }
 
 std::FILE* openForUpdate(const fs::path& path) {
-    return std::fopen(path.string().c_str(), "r+b");
+    return common::openFile(path, "r+b");
 }
 
 bool fileHolds(const fs::path& path, std::string_view text) {

@@ -47,7 +47,7 @@ std::FILE* createTemporaryBeside(const fs::path& target, fs::path& tempPath) {
                       static_cast<unsigned long long>(rng() & 0xFFFFFFFFFFFFULL));
         tempPath = target;
         tempPath += tag;
-        if (std::FILE* file = std::fopen(tempPath.string().c_str(), "wbx")) {
+        if (std::FILE* file = openFile(tempPath, "wbx")) {
             return file;
         }
         std::error_code ec;
@@ -60,8 +60,20 @@ std::FILE* createTemporaryBeside(const fs::path& target, fs::path& tempPath) {
 
 }  // namespace
 
+std::FILE* openFile(const fs::path& path, const char* mode) {
+#ifdef _WIN32
+    std::wstring wideMode;
+    for (const char* c = mode; *c != '\0'; ++c) {
+        wideMode += static_cast<wchar_t>(*c);
+    }
+    return _wfopen(path.c_str(), wideMode.c_str());
+#else
+    return std::fopen(path.c_str(), mode);
+#endif
+}
+
 std::optional<std::string> readFileBytes(const fs::path& path) {
-    FileHandle file{std::fopen(path.string().c_str(), "rb")};
+    FileHandle file{openFile(path, "rb")};
     if (file.get() == nullptr) {
         return std::nullopt;
     }
@@ -107,7 +119,7 @@ bool writeFileAtomically(const fs::path& path, std::string_view bytes) {
 }
 
 std::optional<std::uintmax_t> appendToFile(const fs::path& path, std::string_view bytes) {
-    FileHandle file{std::fopen(path.string().c_str(), "ab")};
+    FileHandle file{openFile(path, "ab")};
     if (file.get() == nullptr) {
         return std::nullopt;
     }

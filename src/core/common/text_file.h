@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <cstdio>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -9,6 +10,10 @@
 namespace zv::common {
 
 // Whole-file helpers. None of them leaves a torn file behind if the process dies mid-way.
+
+// std::fopen of a path, whatever letters it holds: on Windows through the wide name, since the
+// narrow one is read in the ANSI code page, which cannot spell every folder a user may have.
+std::FILE* openFile(const std::filesystem::path& path, const char* mode);
 
 // The raw bytes of a file; nullopt when it cannot be read (missing included).
 std::optional<std::string> readFileBytes(const std::filesystem::path& path);

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <fstream>
+#include <iterator>
 #include <optional>
 #include <string>
 #include <vector>
@@ -86,7 +88,9 @@ TEST(TapeFileOpen, MakesTheFileHoldTheTapeAndLeavesAnIdenticalFileUntouched) {
         if (before) {
             writeRaw(path, *before);
         }
-        const auto past = fs::file_time_type::clock::now() - std::chrono::hours(24);
+        // Whole minutes: NTFS keeps 100 ns and FAT 2 s, so a finer time would not read back.
+        const auto past = std::chrono::floor<std::chrono::minutes>(fs::file_time_type::clock::now()) -
+                          std::chrono::hours(24);
         if (before == tape) {
             fs::last_write_time(path, past);
         }
@@ -99,6 +103,41 @@ TEST(TapeFileOpen, MakesTheFileHoldTheTapeAndLeavesAnIdenticalFileUntouched) {
     TapeFile missingFolder(folder / "missing" / "calc.fita");
     EXPECT_FALSE(missingFolder.open(kPlus));
     EXPECT_FALSE(missingFolder.healthy());
+}
+
+std::optional<std::string> bytesOf(const fs::path& path) {
+    std::ifstream in(path, std::ios::binary);
+    if (!in) {
+        return std::nullopt;
+    }
+    return std::string(std::istreambuf_iterator<char>(in), {});
+}
+
+// The data folder lies below the user's profile, whose name may be in any script; the tape kept
+// there goes to disk and back byte for byte, CR LF and all.
+TEST(TapeFile, KeepsItsCrLfLinesInAFolderNamedInAnyScript) {
+    TempFolder folder;
+    struct Case {
+        const char* label;
+        const char8_t* name;
+    };
+    const Case cases[] = {
+        {"accents", u8"Cálculos da Conceição"},
+        {"Greek and Cyrillic", u8"Ωμέγα Пользователь"},
+    };
+    const std::string tape = kPlus + kTimes + kTotal;
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.label);
+        const fs::path dir = folder.path() / c.name;
+        fs::create_directories(dir);
+        const fs::path path = dir / "calc.fita";
+        TapeFile file(path);
+        EXPECT_TRUE(file.open(kPlus + kDivide));
+        file.replaceTail(kPlus.size(), kTimes + kTotal);
+        EXPECT_TRUE(file.healthy());
+        EXPECT_EQ(bytesOf(path), tape);
+        EXPECT_EQ(loadTape(path), tape);
+    }
 }
 
 TEST(TapeFileReplaceTail, FileFollowsEveryChange) {

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -63,6 +65,19 @@ TEST(AppendToFile, AddsAtTheEndAndReportsTheSize) {
     EXPECT_EQ(appendToFile(path, ""), 10u);
     EXPECT_EQ(readFileBytes(path), "first\r\n\xD7\r\n");
     EXPECT_EQ(appendToFile(folder / "missing" / "calcula.txt", "x"), std::nullopt);
+}
+
+// Every helper reaches a file below a folder the ANSI code page of Windows cannot spell.
+TEST(TextFiles, ReachAFolderNamedInAnyScript) {
+    TempFolder folder;
+    const fs::path dir = folder.path() / u8"Usuário Ωμέγα Пользователь";
+    fs::create_directories(dir);
+    const fs::path path = dir / u8"fita çã.txt";
+    ASSERT_TRUE(writeFileAtomically(path, "a\r\n"));
+    EXPECT_EQ(appendToFile(path, "b\r\n"), 6u);
+    EXPECT_EQ(readFileBytes(path), "a\r\nb\r\n");
+    std::ifstream in(path, std::ios::binary);
+    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(in), {}), "a\r\nb\r\n");
 }
 
 }  // namespace
