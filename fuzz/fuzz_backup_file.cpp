@@ -64,6 +64,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string shown = common::decodeTextFile(*bytes);
     ZV_FUZZ_CHECK(common::isValidUtf8(shown));
     ZV_FUZZ_CHECK(shown.starts_with(common::decodeTextFile(existing)));
-    ZV_FUZZ_CHECK(shown.ends_with(windows1252 ? common::cp1252ToUtf8(added) : record));
+    std::string expected = windows1252 ? common::cp1252ToUtf8(added) : record;
+    // A byte-order mark that opens the file is the file's mark, not text of the record.
+    if (existing.empty() && expected.starts_with("\xEF\xBB\xBF")) {
+        expected.erase(0, 3);
+    }
+    ZV_FUZZ_CHECK(shown.ends_with(expected));
     return 0;
 }

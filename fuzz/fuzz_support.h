@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <cstdint>
+#include <iterator>
 #include <string>
 
 #include "core/calc/calculator.h"
@@ -10,9 +11,12 @@
 
 namespace zv::fuzz {
 
-// The separators a user's locale can give, chosen by one byte of the input: the common ones,
-// and a pair of arbitrary punctuation bytes made fit as the program makes the locale's fit.
+// The separators a user's locale can give, chosen by one byte of the input: the common pairs,
+// then any decimal mark with any grouping mark that locales use, made fit as the program makes
+// the locale's fit.
 inline common::NumberSeparators separatorsFrom(std::uint8_t choice) {
+    static constexpr const char* kDecimals[] = {".", ",", "\u066B"};  // the last: Arabic
+    static constexpr const char* kGroups[] = {".", ",", " ", "\u00A0", "\u202F", "'", "\u2019", "\u066C"};
     switch (choice % 6) {
         case 0:
             return {",", "."};
@@ -25,12 +29,9 @@ inline common::NumberSeparators separatorsFrom(std::uint8_t choice) {
         case 4:
             return {".", "'"};
         default: {
-            // Punctuation only: a digit, a sign or a blank cannot be a separator of a locale.
-            static constexpr char kMarks[] = "!\"#$%&'()*,./:;<=>?@[\\]^_`{|}~";
-            const std::size_t count = sizeof kMarks - 1;
-            const char decimal = kMarks[(choice / 6) % count];
-            const char group = kMarks[(choice / 6 / count + choice) % count];
-            return common::withGroupFallback({std::string(1, decimal), std::string(1, group)});
+            const std::size_t pick = choice / 6u;
+            return common::withGroupFallback({kDecimals[pick % std::size(kDecimals)],
+                                              kGroups[(pick / std::size(kDecimals)) % std::size(kGroups)]});
         }
     }
 }
