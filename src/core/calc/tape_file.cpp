@@ -56,7 +56,9 @@ std::string_view withoutCutCharacter(std::string_view line) {
 // other lines read as two Windows-1252 letters. Old Windows-1252 tapes still read right, since
 // their lines with a "×" or "÷" are not valid UTF-8.
 std::string decodeTapeBytes(std::string_view bytes) {
-    if (bytes.starts_with("\xEF\xBB\xBF")) {
+    // Every mark, not just one: a tape that began with a second one would lose it each time it
+    // is written back and read again, and would not read as the tape that was shown.
+    while (bytes.starts_with("\xEF\xBB\xBF")) {
         bytes.remove_prefix(3);
     }
     if (common::isValidUtf8(bytes)) {

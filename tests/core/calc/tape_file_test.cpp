@@ -64,6 +64,31 @@ TEST(LoadTape, ReadsAnyLineEndAndEncodingAsCrLfUtf8) {
     }
 }
 
+TEST(LoadTape, ATapeWrittenBackFromWhatWasReadReadsTheSame) {
+    TempFolder folder;
+    struct Case {
+        const char* label;
+        std::string_view bytes;
+    };
+    const Case cases[] = {
+        {"byte-order mark twice", "\xEF\xBB\xBF\xEF\xBB\xBF    2,00 +\r\n"},
+        {"byte-order mark twice before blanks", "\xEF\xBB\xBF\xEF\xBB\xBF             "},
+        {"byte-order mark three times on a Windows-1252 tape",
+         "\xEF\xBB\xBF\xEF\xBB\xBF\xEF\xBB\xBF 9 \xF7\r\n"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.label);
+        writeRaw(folder / "calc.fita", c.bytes);
+        const std::optional<std::string> loaded = loadTape(folder / "calc.fita");
+        ASSERT_TRUE(loaded.has_value());
+        {
+            TapeFile file(folder / "calc.fita");
+            ASSERT_TRUE(file.open(*loaded));
+        }
+        EXPECT_EQ(loadTape(folder / "calc.fita"), loaded);
+    }
+}
+
 TEST(LoadTape, MissingFileIsAnEmptyTapeButAnUnreadableOneFails) {
     TempFolder folder;
     EXPECT_EQ(loadTape(folder / "calc.fita"), std::string());
