@@ -36,7 +36,7 @@ struct WindowServices {
 
 template <typename T>
 T* child(const QObject& parent, const char* name) {
-    T* found = parent.findChild<T*>(QLatin1String(name));
+    T* found = parent.findChild<T*>(QString::fromUtf8(name));
     if (found == nullptr) {
         qFatal("no child %s", name);
     }

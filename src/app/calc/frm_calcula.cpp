@@ -35,6 +35,8 @@
 #include "app/common/menu_look.h"
 #include "app/common/ui_language.h"
 #include "app/common/window_placement.h"
+#include "app/documents/frm_cheque.h"
+#include "app/documents/frm_promissoria.h"
 #include "app/tools/frm_converte.h"
 #include "app/tools/frm_data.h"
 #include "app/tools/frm_juro.h"
@@ -48,6 +50,7 @@
 #include "core/common/text_encoding.h"
 #include "core/common/text_file.h"
 #include "core/common/text_table.h"
+#include "core/documents/amount_words.h"
 #include "core/tools/interest_tape.h"
 #include "core/words/amount_in_words.h"
 #include "platform/roll_port.h"
@@ -461,9 +464,8 @@ void FrmCalcula::buildMenus() {
     mnuRedo->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Y));
     opcoes->addSeparator();
     addAction(opcoes, "mnuExtenso", txt::kMnuExtenso, [this] { mnuExtenso_Click(); });
-    // The document fillers and the converter arrive with their own windows.
-    addAction(opcoes, "mnuCheque", txt::kMnuCheque, nullptr);
-    addAction(opcoes, "mnuPromissoria", txt::kMnuPromissoria, nullptr);
+    addAction(opcoes, "mnuCheque", txt::kMnuCheque, [this] { openDocument<FrmCheque>(); });
+    addAction(opcoes, "mnuPromissoria", txt::kMnuPromissoria, [this] { openDocument<FrmPromissoria>(); });
     addAction(opcoes, "mnuConverte", txt::kMnuConverte, [this] { m_tools.open<FrmConverte>(); });
     // The utilities belong to the tray program; a copy without one has none to offer.
     QAction* util = addAction(opcoes, "mnuUtil", txt::kMnuUtil, nullptr);
@@ -896,6 +898,20 @@ void FrmCalcula::mnuWindows_Click() {
 void FrmCalcula::mnuCopiar_Click() {
     m_ownClipboardText = QString::fromStdString(m_calc.display());
     QGuiApplication::clipboard()->setText(m_ownClipboardText);
+}
+
+template <class Document>
+void FrmCalcula::openDocument() {
+    const double amount = m_calc.wordsAmount();
+    if (!documents::amountInRange(amount)) {
+        m_app.dialogs->message(this, Dialogs::Icon::Warning,
+                               QString::fromStdString(documents::amountRangeMessage(
+                                   m_app.language->current(), m_app.regional.separators)));
+        return;
+    }
+    // Modal to the calculator, and gone once closed: the next one starts from the display again.
+    auto* document = new Document(m_app, amount, this);
+    document->show();
 }
 
 void FrmCalcula::mnuExtenso_Click() {

@@ -121,6 +121,9 @@ private:
     void mnuOutra_Click();
     void mnuWindows_Click();
     void mnuCopiar_Click();
+    // mnuCheque, mnuPromissoria: the document with the display's amount, or text 900.
+    template <class Document>
+    void openDocument();
     void mnuExtenso_Click();
     void mnuEditar_Click();
     void mnuLocalizar_Click();

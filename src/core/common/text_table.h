@@ -191,6 +191,27 @@ inline constexpr int kValueBeforeSection = 366;  // with the line number and the
 inline constexpr int kSettingsNotWritten = 367;
 inline constexpr int kFileNotRead = 368;     // with the file
 inline constexpr int kFileNotWritten = 369;  // with the file
+// The cheque and promissory-note windows and the printer choice.
+inline constexpr int kChequeTitle = 370;
+inline constexpr int kNoteTitle = 371;
+inline constexpr int kFourDigitYear = 372;  // chkAno
+inline constexpr int kBoldFont = 373;       // chkNegrito
+inline constexpr int kMoveChequeFields = 374;
+inline constexpr int kMoveNoteFields = 375;
+inline constexpr int kCopies = 376;
+inline constexpr int kSaveModel = 377;
+inline constexpr int kPrinterButton = 378;
+inline constexpr int kBackupLayouts = 379;
+inline constexpr int kSaveAsPdf = 380;
+inline constexpr int kPrinterChoiceTitle = 381;
+inline constexpr int kPrinterHeading = 382;
+inline constexpr int kPrinterPort = 383;
+inline constexpr int kUseDefaultPrinter = 384;
+inline constexpr int kPrinterHint = 385;
+inline constexpr int kBackupDialogTitle = 386;
+inline constexpr int kRegistryFilter = 387;
+inline constexpr int kFieldTips = 388;   // 388..396: the fields' tooltips
+inline constexpr int kMoveNotice = 999;  // how to move the fields
 }  // namespace txt
 
 }  // namespace zv::common
