@@ -290,6 +290,42 @@ private slots:
         child<QPushButton>(*plano, "cmdPdf")->click();
         QCOMPARE(m_s->dialogs.messages.last(), pt(369, "/nonexistent/plano.pdf"));
     }
+
+    void thePlansNotesAndChequesPrintOnePerInstalment() {
+        fill(u"750,00"_s, u"86,00"_s, u"10"_s, u"30"_s, QString());
+        calculate();
+        child<QPushButton>(*m_w, "cmdPlano")->click();
+        app::FrmPlano* plano = m_w->schedule();
+        m_s->store.write("Promissoria", "Numero", "41");
+        m_s->store.write("Promissoria", "Credor", "Loja Central");
+        const auto pages = [this] {
+            QProcess text;
+            text.start(u"pdftotext"_s, {u"-layout"_s, m_s->dialogs.pdfPath, u"-"_s});
+            text.waitForFinished();
+            return QString::fromUtf8(text.readAllStandardOutput()).split(u'\f', Qt::SkipEmptyParts);
+        };
+
+        m_s->dialogs.pdfPath = m_s->data.filePath(u"notas.pdf"_s);
+        child<QPushButton>(*plano, "cmdPromissorias")->click();
+        QStringList notes = pages();
+        QCOMPARE(notes.size(), 10);
+        // Numbered on from the last note, each due on its instalment's day, in words too.
+        QVERIFY2(notes[0].contains(u"00042"_s) && notes[0].contains(u"LOJA CENTRAL"_s) &&
+                     notes[0].contains(u"VINTE E UM DIAS DO M\u00CAS DE DEZEMBRO"_s),
+                 qPrintable(notes[0]));
+        QVERIFY2(notes[9].contains(u"00051"_s) && notes[9].contains(u"SETEMBRO"_s), qPrintable(notes[9]));
+        QCOMPARE(m_s->store.read("Promissoria", "Numero").value_or(""), std::string("00051"));
+        QCOMPARE(m_s->dialogs.messages.last(), pt(16));
+
+        m_s->dialogs.pdfPath = m_s->data.filePath(u"cheques.pdf"_s);
+        child<QPushButton>(*plano, "cmdCheques")->click();
+        const QStringList cheques = pages();
+        QCOMPARE(cheques.size(), 10);
+        // Each dated on its due day: the second on 20 January 2027.
+        QVERIFY2(cheques[1].contains(u"***86,00"_s) && cheques[1].contains(u"JANEIRO"_s) &&
+                     cheques[1].contains(u"OITENTA E SEIS REAIS"_s),
+                 qPrintable(cheques[1]));
+    }
 };
 
 QTEST_MAIN(FrmJuroTest)

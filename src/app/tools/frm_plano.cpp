@@ -26,9 +26,17 @@
 #include "app/calc/tape_printer.h"
 #include "app/common/dialogs.h"
 #include "app/common/ui_text.h"
+#include "app/documents/document_painter.h"
+#include "app/documents/frm_impressora.h"
 #include "core/common/money.h"
 #include "core/common/number_format.h"
+#include "core/common/settings_keys.h"
 #include "core/common/text_table.h"
+#include "core/documents/amount_words.h"
+#include "core/documents/document_fill.h"
+#include "core/documents/note_number.h"
+#include "core/documents/plan_documents.h"
+#include "core/documents/printer_choice.h"
 
 namespace zv::app {
 
@@ -95,6 +103,8 @@ FrmPlano::FrmPlano(const AppContext& app, const tools::LoanTerms& terms, const t
     addButton("cmdCopiar", common::txt::kCopy, &FrmPlano::cmdCopiar_Click);
     addButton("cmdImprimir", common::txt::kPrintButtonEllipsis, &FrmPlano::cmdImprimir_Click);
     addButton("cmdPdf", common::txt::kSavePdf, &FrmPlano::cmdPdf_Click);
+    addButton("cmdPromissorias", common::txt::kPlanNotes, &FrmPlano::cmdPromissorias_Click);
+    addButton("cmdCheques", common::txt::kPlanCheques, &FrmPlano::cmdCheques_Click);
     buttons->addStretch();
     addButton("cmdFechar", common::txt::kClose, &FrmPlano::cmdFechar_Click);
     column->addLayout(buttons);
@@ -308,6 +318,78 @@ void FrmPlano::cmdPdf_Click() {
         QFile::remove(partial);
         app().dialogs->message(this, Dialogs::Icon::Critical, text(common::txt::kFileNotWritten, path));
     }
+}
+
+void FrmPlano::cmdPromissorias_Click() {
+    printPlanDocuments(documents::DocumentKind::Note);
+}
+
+void FrmPlano::cmdCheques_Click() {
+    printPlanDocuments(documents::DocumentKind::Cheque);
+}
+
+void FrmPlano::printPlanDocuments(documents::DocumentKind kind) {
+    if (app().store == nullptr) {
+        return;
+    }
+    common::SettingsStore& store = *app().store;
+    const common::NumberSeparators& seps = app().regional.separators;
+    // The first model, as the document windows open on it.
+    const documents::Layout layout = documents::loadLayout(store, kind, 0);
+    const bool bold = documents::savedBold(store, kind);
+    std::vector<PrintedDocument> pages;
+    long lastNumber = 0;
+    const auto add = [&](std::optional<std::vector<documents::FilledField>> fields) {
+        if (fields) {
+            pages.push_back({std::move(*fields), bold});
+        }
+        return fields.has_value();
+    };
+    bool filled = true;
+    if (kind == documents::DocumentKind::Note) {
+        for (const documents::NoteEntry& note :
+             documents::planNotes(m_rows, m_loanDay, documents::lastNoteEntry(store))) {
+            filled = filled && add(documents::fillNote(layout, note, seps));
+            lastNumber = note.number;
+        }
+    } else {
+        documents::ChequeEntry first = documents::lastChequeEntry(store);
+        for (const documents::ChequeEntry& cheque : documents::planCheques(m_rows, m_loanDay, first)) {
+            filled = filled && add(documents::fillCheque(layout, cheque, seps));
+        }
+    }
+    if (!filled || pages.empty()) {
+        // An instalment outside what a document can carry.
+        app().dialogs->message(
+            this, Dialogs::Icon::Warning,
+            QString::fromStdString(documents::amountRangeMessage(captions().language(), seps)));
+        return;
+    }
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setDocName(windowTitle().trimmed());
+    const std::vector<documents::PrinterInfo> installed = installedPrinters();
+    if (const auto chosen = documents::documentPrinter(
+            common::GetSetting(store, common::settings::kConfigura, common::settings::kImpDispo, ""),
+            installed)) {
+        printer.setPrinterName(QString::fromStdString(installed[*chosen].name));
+    }
+    bool failed = false;
+    const bool printed = app().dialogs->print(this, printer, [&pages, &failed](QPrinter& target) {
+        const bool painted = printDocuments(target, pages);
+        failed = failed || !painted;
+        return painted;
+    });
+    if (!printed) {
+        if (failed) {
+            app().dialogs->message(this, Dialogs::Icon::Critical, text(common::txt::kPrinterFailed));
+        }
+        return;
+    }
+    // The next note goes on from the last one printed.
+    if (kind == documents::DocumentKind::Note) {
+        documents::saveNoteNumber(store, lastNumber);
+    }
+    app().dialogs->message(this, Dialogs::Icon::Information, text(common::txt::kSentToPrinter));
 }
 
 }  // namespace zv::app

@@ -6,6 +6,7 @@
 
 #include "app/common/tool_window.h"
 #include "core/common/date.h"
+#include "core/documents/document_layout.h"
 #include "core/tools/interest.h"
 
 class QLabel;
@@ -36,6 +37,10 @@ public:
     void cmdImprimir_Click();
     void cmdPdf_Click();
     void cmdFechar_Click();
+    // The plan's promissory notes (numbered on from the next note number) or post-dated cheques,
+    // one per instalment, filled as the document windows last left them: one preview, one job.
+    void cmdPromissorias_Click();
+    void cmdCheques_Click();
 
 private:
     void fill();
@@ -44,6 +49,7 @@ private:
     QString summary() const;
     // Draws every page of the schedule on `printer`; false when it cannot be painted on.
     bool paint(QPrinter& printer);
+    void printPlanDocuments(documents::DocumentKind kind);
 
     tools::LoanTerms m_terms;
     tools::LoanResult m_result;

@@ -171,6 +171,8 @@ inline constexpr int kPrintButtonEllipsis = 299;
 inline constexpr int kSavePdf = 300;
 inline constexpr int kLastAbsorbsRounding = 301;
 inline constexpr int kNothingToGroup = 302;
+inline constexpr int kPlanNotes = 304;    // the schedule's promissory notes, one per instalment
+inline constexpr int kPlanCheques = 305;  // and its post-dated cheques
 
 // Cheque and promissory-note fillers.
 inline constexpr int kAmountOutOfRange = 900;     // with the lowest and the highest amount
