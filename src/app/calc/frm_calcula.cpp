@@ -101,8 +101,8 @@ FrmCalcula::FrmCalcula(const AppContext& app, CalcWindowContext context, QWidget
       m_backup(m_app.dataFolder / std::string(calc::kBackupFileName)),
       m_calc(m_app.regional, calc::engineOptions(m_settings, m_ctx.timeMode),
              calc::CalculatorServices{m_app.clock, &m_backup}),
-      m_keySounds(m_ctx.makeMidi,
-                  m_ctx.beep ? m_ctx.beep : std::function<void()>([] { QApplication::beep(); })),
+      m_keySounds(m_ctx.makeMidi, m_ctx.beep ? m_ctx.beep : std::function<void()>([] { QApplication::beep(); }),
+                  this, [this] { midiFailed(); }),
       m_tools(m_app, this) {
     setObjectName(QStringLiteral("frmCalcula"));
     setFocusPolicy(Qt::StrongFocus);
@@ -136,11 +136,8 @@ FrmCalcula::FrmCalcula(const AppContext& app, CalcWindowContext context, QWidget
     refresh();
 
     connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this, &FrmCalcula::clipboardChanged);
+    // The synthesizer opens with the first key that wants a note, not before.
     m_keySounds.choose(m_settings.sound, m_settings.instrument);
-    if (m_settings.sound == calc::KeySound::Musical) {
-        // After the window is up: the synthesizer takes a moment to load its sounds.
-        QTimer::singleShot(300, this, &FrmCalcula::openMidi);
-    }
 }
 
 FrmCalcula::~FrmCalcula() {
@@ -1100,15 +1097,13 @@ void FrmCalcula::chooseSound(calc::KeySound sound, bool askInstrument) {
     showChoices();
     saveOption(keys::kSons, std::to_string(static_cast<int>(sound)));
     m_keySounds.choose(sound, m_settings.instrument);
-    openMidi();
+    m_keySounds.prepare();
 }
 
-void FrmCalcula::openMidi() {
+void FrmCalcula::midiFailed() {
     // Keys typed meanwhile are not held up by a message: the notice waits in the window, and the
     // keys beep instead of playing.
-    if (!m_keySounds.startSynthesizer()) {
-        findChild<QFrame*>(QStringLiteral("fraAviso"))->show();
-    }
+    findChild<QFrame*>(QStringLiteral("fraAviso"))->show();
 }
 
 void FrmCalcula::mnuIdioma_Click(int language) {

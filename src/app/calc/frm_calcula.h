@@ -141,7 +141,7 @@ private:
     void mnuCalc_Click();
     void mnuEmail_Click();
     void clipboardChanged();
-    void openMidi();
+    void midiFailed();
     void keepNumLockOn();
 
     AppContext m_app;
