@@ -35,11 +35,8 @@ private slots:
     }
 
     void iconHasAPictureForEverySizeOfTheTheme() {
-        const QIcon icon = app::applicationIcon();
-        const QList<QSize> sizes = icon.availableSizes();
         for (const int size : {16, 24, 32, 48, 64, 128, 256}) {
-            QVERIFY2(sizes.contains(QSize(size, size)), qPrintable(QString::number(size)));
-            const QImage picture = icon.pixmap(QSize(size, size), 1.0).toImage();
+            const QImage picture(app::applicationIconFile(size));
             QCOMPARE(picture.size(), QSize(size, size));
             // Drawn to the edges: a smaller picture scaled up would leave a transparent border.
             QVERIFY(picture.pixelColor(size / 2, 0).alpha() == 255);

@@ -12,11 +12,16 @@ QList<int> applicationIconSizes() {
     return {16, 24, 32, 48, 64, 128, 256};
 }
 
+QString applicationIconFile(int size) {
+    return QStringLiteral(":/icons/%1x%1/apps/%2.png").arg(size).arg(applicationId());
+}
+
 QIcon applicationIcon() {
-    const QString id = applicationId();
     QIcon icon;
     for (const int size : applicationIconSizes()) {
-        icon.addFile(QStringLiteral(":/icons/%1x%1/apps/%2.png").arg(size).arg(id), QSize(size, size));
+        if (size <= 64) {
+            icon.addFile(applicationIconFile(size), QSize(size, size));
+        }
     }
     return icon;
 }

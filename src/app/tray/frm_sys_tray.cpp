@@ -301,15 +301,20 @@ QIcon FrmSysTray::drawIcon(int frame) {
     // eye looks in a small picture: frame 2 lights the machine red and its tape yellow, frame 1
     // greys the tape. The icon is drawn on a 16-unit grid: the tape's paper is x 4-12 above the
     // roller at y 8, the machine's body y 8-16.
-    const QIcon application = applicationIcon();
+    // The program's icon is read once, by main(); a window of a test has none set.
+    const QIcon application =
+        QGuiApplication::windowIcon().isNull() ? applicationIcon() : QGuiApplication::windowIcon();
+    if (frame == 0) {
+        return application;
+    }
     QIcon icon;
-    for (const int size : applicationIconSizes()) {
-        QPixmap pixmap = application.pixmap(QSize(size, size), 1.0);
-        if (frame != 0) {
+    for (const QSize& size : application.availableSizes()) {
+        QPixmap pixmap = application.pixmap(size, 1.0);
+        {
             QPainter p(&pixmap);
             // Only where the picture has paint, so the outline stays the same.
             p.setCompositionMode(QPainter::CompositionMode_SourceAtop);
-            const qreal s = size / 16.0;
+            const qreal s = size.width() / 16.0;
             const QRectF tape(4 * s, 0, 8 * s, 8 * s);
             const QRectF body(0, 8 * s, 16 * s, 8 * s);
             if (frame == 2) {

@@ -2,7 +2,10 @@
 
 #include <QObject>
 #include <QString>
+#include <map>
+#include <memory>
 
+class QSocketNotifier;
 class QLocalServer;
 class QLocalSocket;
 
@@ -32,11 +35,24 @@ signals:
     void closeRequested();
 
 private:
-    void readFrom(QLocalSocket* socket);
+    // A whole line from a later copy; anything but our two messages is ignored.
+    void received(const QByteArray& line);
 
     QString m_name;
+#ifdef _WIN32
+    void readFrom(QLocalSocket* socket);
     QLocalServer* m_server;
+#else
+    // On Linux the channel is a plain Unix socket watched by the event loop: the program then
+    // needs no network library at all, which start-up and memory would pay for.
+    struct Peer;
+    void accept();
+    void readFrom(int fd);
     int m_lock = -1;
+    int m_listener = -1;
+    QSocketNotifier* m_accepting = nullptr;
+    std::map<int, std::unique_ptr<Peer> > m_peers;
+#endif
 };
 
 }  // namespace zv::app
