@@ -16,10 +16,8 @@
 namespace zv::cli {
 namespace {
 
-// The plan's notes or cheques as the schedule window prints them: one per instalment, due from
-// today, on the first model's layout in the saved bold, with the last entries the document
-// windows kept. The notes are numbered on from the next note number, and the last one printed
-// becomes the saved number, as printing them from the window does.
+// The plan's notes or cheques as the schedule window prints them, due from today in the saved
+// bold; the last note written becomes the saved number, as printing them from the window does.
 Outcome writePlanDocuments(const Invocation& call, const tools::LoanTerms& terms,
                            const tools::LoanResult& result) {
     const common::NumberSeparators& seps = call.regional.separators;
@@ -31,36 +29,19 @@ Outcome writePlanDocuments(const Invocation& call, const tools::LoanTerms& terms
     const bool notes = call.has("--notes");
     const documents::DocumentKind kind =
         notes ? documents::DocumentKind::Note : documents::DocumentKind::Cheque;
-    const documents::Layout layout = documents::loadLayout(*store, kind, 0);
+    const std::optional<documents::PlanPages> plan =
+        documents::fillPlanDocuments(*store, kind, rows, loanDay, seps);
+    if (!plan) {
+        return rejected(documents::amountRangeMessage(call.regional.language, seps));
+    }
     const bool bold = documents::savedBold(*store, kind);
     std::vector<PdfPage> pages;
-    long lastNumber = 0;
-    const auto add = [&](std::optional<std::vector<documents::FilledField>> fields) {
-        if (fields) {
-            pages.push_back({std::move(*fields), bold});
-        }
-        return fields.has_value();
-    };
-    bool filled = true;
-    if (notes) {
-        for (const documents::NoteEntry& note :
-             documents::planNotes(rows, loanDay, documents::lastNoteEntry(*store))) {
-            filled = add(documents::fillNote(layout, note, seps)) && filled;
-            lastNumber = note.number;
-        }
-    } else {
-        for (const documents::ChequeEntry& cheque :
-             documents::planCheques(rows, loanDay, documents::lastChequeEntry(*store))) {
-            filled = add(documents::fillCheque(layout, cheque, seps)) && filled;
-        }
-    }
-    if (!filled || pages.empty()) {
-        // An instalment outside what a document can carry.
-        return rejected(documents::amountRangeMessage(call.regional.language, seps));
+    for (const std::vector<documents::FilledField>& fields : plan->pages) {
+        pages.push_back({fields, bold});
     }
     const Outcome written = writePdf(call, optionValue(call, notes ? "--notes" : "--cheques"), pages,
                                      notes ? common::txt::kPlanNotes : common::txt::kPlanCheques);
-    if (notes && written.code == ExitCode::Done && !documents::saveNoteNumber(*store, lastNumber)) {
+    if (notes && written.code == ExitCode::Done && !documents::saveNoteNumber(*store, plan->lastNumber)) {
         return rejected(common::GetText(call.regional.language, common::txt::kSettingsNotWritten));
     }
     return written;
