@@ -1,12 +1,14 @@
 #include "cli/document_options.h"
 #include "cli/interest_options.h"
 #include "core/common/clock.h"
+#include "core/common/text_table.h"
 #include "platform/user_settings.h"
 
 namespace zv::cli {
 
 // The cheque as the window would print it today: the layout of the chosen model, and the last
-// payee and city the window printed where no other is given.
+// payee and city the window printed where no other is given. Its PDF keeps nothing for the next
+// time: the payee and city given here are for this cheque only.
 Outcome runCheque(const Invocation& call) {
     double amount = 0;
     int model = 0;
@@ -38,8 +40,14 @@ Outcome runCheque(const Invocation& call) {
     if (call.has("--city")) {
         entry.city = optionValue(call, "--city");
     }
-    printFields(call, *documents::fillCheque(layout, entry, call.regional.separators));
-    return done();
+    std::vector<documents::FilledField> fields =
+        *documents::fillCheque(layout, entry, call.regional.separators);
+    if (call.has("--fields")) {
+        printFields(call, fields);
+        return done();
+    }
+    const bool bold = call.has("--bold") || documents::savedBold(*store, documents::DocumentKind::Cheque);
+    return writePdf(call, optionValue(call, "--pdf"), {{std::move(fields), bold}}, common::txt::kChequeTitle);
 }
 
 }  // namespace zv::cli

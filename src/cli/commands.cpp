@@ -50,10 +50,15 @@ const std::vector<Command>& commands() {
           {"--rate", "R"},
           {"--instalment", "P"},
           {"--schedule", ""},
-          {"--tape", ""}},
+          {"--tape", ""},
+          {"--notes", "FILE"},
+          {"--cheques", "FILE"}},
          "",
          "fixed instalments: the rate (from --instalment) or the instalment (from --rate),\n"
-         "the total interest and the final amount; --schedule adds one line per instalment",
+         "the total interest and the final amount; --schedule adds one line per instalment;\n"
+         "--notes or --cheques writes instead the plan's promissory notes or post-dated\n"
+         "cheques to a PDF FILE, one page each, due from today (the notes numbered on from\n"
+         "the next note number, which they advance)",
          &runInterest},
         {"savings", capitalisationOptions, "",
          "V capitalised at R % a month over D days (1 to 1500) or between two dates", &runSavings},
@@ -72,7 +77,8 @@ const std::vector<Command>& commands() {
          "",
          "a cheque of V filled in on the saved layout of the model (the last payee and city\n"
          "when not given, today when no DATE); --fields prints each field's control, left, top\n"
-         "and text, tab-separated; --pdf is not available yet",
+         "and text, tab-separated; --pdf writes the cheque life-size to a one-page PDF FILE\n"
+         "(bold with --bold or as the window last printed)",
          &runCheque},
         {"note",
          {{"--amount", "V"},
@@ -91,7 +97,8 @@ const std::vector<Command>& commands() {
           {"--pdf", "FILE"}},
          "",
          "a promissory note of V due on DATE, numbered N (the next number when not given),\n"
-         "the last parties, place and promise when not given; --fields as for cheque",
+         "the last parties, place and promise when not given; --fields and --pdf as for\n"
+         "cheque (a note written to PDF keeps its number, so the next note follows it)",
          &runNote},
         {"layouts",
          {},

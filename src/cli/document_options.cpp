@@ -4,6 +4,8 @@
 
 #include "cli/arguments.h"
 #include "cli/interest_options.h"
+#include "core/common/text.h"
+#include "core/common/text_table.h"
 #include "core/documents/amount_words.h"
 
 namespace zv::cli {
@@ -14,9 +16,6 @@ std::optional<Outcome> readOutputChoice(const Invocation& call, std::string_view
     }
     if (call.has("--fields") == call.has("--pdf")) {
         return usageError(std::string(command) + " takes either --fields or --pdf FILE");
-    }
-    if (call.has("--pdf")) {
-        return usageError("--pdf is not available yet: use --fields");
     }
     return std::nullopt;
 }
@@ -60,6 +59,18 @@ void printFields(const Invocation& call, const std::vector<documents::FilledFiel
     for (const documents::FilledField& field : fields) {
         call.out << field.control << '\t' << field.left << '\t' << field.top << '\t' << field.text << '\n';
     }
+}
+
+Outcome writePdf(const Invocation& call, const std::string& path, const std::vector<PdfPage>& pages,
+                 int titleCode) {
+    if (!call.env.writePdf) {
+        return rejected("this build of zavrello-cli cannot write PDF files");
+    }
+    const std::string title(common::trimSpaces(common::GetText(call.regional.language, titleCode)));
+    if (!call.env.writePdf(path, pages, title)) {
+        return rejected(common::GetText(call.regional.language, common::txt::kFileNotWritten, path));
+    }
+    return done();
 }
 
 }  // namespace zv::cli

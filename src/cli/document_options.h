@@ -13,7 +13,7 @@ namespace zv::cli {
 // What the cheque and note commands read alike. Each returns the usage error or rejection, or
 // nothing once `target` holds the value.
 
-// Exactly one of --fields and --pdf FILE; --pdf is refused until documents can be painted.
+// Exactly one of --fields and --pdf FILE.
 std::optional<Outcome> readOutputChoice(const Invocation& call, std::string_view command);
 // --amount, required, within the documents' range (text 900 otherwise).
 std::optional<Outcome> readDocumentAmount(const Invocation& call, std::string_view command, double& target);
@@ -24,5 +24,11 @@ std::optional<Outcome> readDateOption(const Invocation& call, std::string_view o
 
 // One line per field: control, left, top and text, tab-separated.
 void printFields(const Invocation& call, const std::vector<documents::FilledField>& fields);
+
+// The pages into the PDF file `path` through the program's painter, titled with text `titleCode`.
+// Nothing on success; refused (exit 1) in a build that cannot paint, and text 369 with the path
+// when the file could not be written.
+Outcome writePdf(const Invocation& call, const std::string& path, const std::vector<PdfPage>& pages,
+                 int titleCode);
 
 }  // namespace zv::cli

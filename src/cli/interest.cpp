@@ -1,13 +1,53 @@
 #include <ostream>
 
+#include "cli/document_options.h"
 #include "cli/interest_options.h"
+#include "core/common/clock.h"
 #include "core/common/money.h"
 #include "core/common/number_format.h"
 #include "core/common/text_table.h"
+#include "core/documents/amount_words.h"
+#include "core/documents/note_number.h"
+#include "core/documents/plan_documents.h"
 #include "core/tools/interest.h"
 #include "core/tools/interest_tape.h"
+#include "platform/user_settings.h"
 
 namespace zv::cli {
+namespace {
+
+// The plan's notes or cheques as the schedule window prints them, due from today in the saved
+// bold; the last note written becomes the saved number, as printing them from the window does.
+Outcome writePlanDocuments(const Invocation& call, const tools::LoanTerms& terms,
+                           const tools::LoanResult& result) {
+    const common::NumberSeparators& seps = call.regional.separators;
+    const common::SystemClock clock;
+    const common::Date loanDay = common::dateOf(clock.now()).value_or(common::Date{});
+    const std::vector<tools::ScheduleRow> rows =
+        tools::paymentSchedule(terms, result.instalment, result.rate);
+    const std::unique_ptr<common::SettingsStore> store = platform::makeUserSettingsStore();
+    const bool notes = call.has("--notes");
+    const documents::DocumentKind kind =
+        notes ? documents::DocumentKind::Note : documents::DocumentKind::Cheque;
+    const std::optional<documents::PlanPages> plan =
+        documents::fillPlanDocuments(*store, kind, rows, loanDay, seps);
+    if (!plan) {
+        return rejected(documents::amountRangeMessage(call.regional.language, seps));
+    }
+    const bool bold = documents::savedBold(*store, kind);
+    std::vector<PdfPage> pages;
+    for (const std::vector<documents::FilledField>& fields : plan->pages) {
+        pages.push_back({fields, bold});
+    }
+    const Outcome written = writePdf(call, optionValue(call, notes ? "--notes" : "--cheques"), pages,
+                                     notes ? common::txt::kPlanNotes : common::txt::kPlanCheques);
+    if (notes && written.code == ExitCode::Done && !documents::saveNoteNumber(*store, plan->lastNumber)) {
+        return rejected(common::GetText(call.regional.language, common::txt::kSettingsNotWritten));
+    }
+    return written;
+}
+
+}  // namespace
 
 // The options become the fields of the instalment form, so the command refuses what the window
 // refuses, with the same messages.
@@ -24,8 +64,10 @@ Outcome runInterest(const Invocation& call) {
     if (call.has("--rate") == call.has("--instalment")) {
         return usageError("interest takes either --rate or --instalment");
     }
-    if (call.has("--schedule") && call.has("--tape")) {
-        return usageError("interest takes --schedule or --tape, not both");
+    const int outputs = static_cast<int>(call.has("--schedule")) + static_cast<int>(call.has("--tape")) +
+                        static_cast<int>(call.has("--notes")) + static_cast<int>(call.has("--cheques"));
+    if (outputs > 1) {
+        return usageError("interest takes one of --schedule, --tape, --notes and --cheques");
     }
     tools::LoanForm form;
     form.initial = optionValue(call, "--initial");
@@ -47,6 +89,9 @@ Outcome runInterest(const Invocation& call) {
         return rejected(common::GetText(language, tools::textCode(*error)));
     }
     const tools::LoanResult& result = std::get<tools::LoanResult>(solved);
+    if (call.has("--notes") || call.has("--cheques")) {
+        return writePlanDocuments(call, request.terms, result);
+    }
     if (call.has("--tape")) {
         call.out << toLf(tools::loanBlock(request.terms, result, language, seps));
         return done();

@@ -16,6 +16,9 @@
 
 #include "cli/cli.h"
 #include "platform/command_line.h"
+#ifdef ZV_DOCUMENT_PDF
+#include "app/documents/command_line_pdf.h"
+#endif
 
 namespace {
 
@@ -41,5 +44,8 @@ int main(int argc, char** argv) {
     zv::cli::Environment env;
     env.localeSeparators = localeSeparators();
     env.stdinIsTerminal = ZV_ISATTY(ZV_FILENO(stdin)) != 0;
+#ifdef ZV_DOCUMENT_PDF
+    env.writePdf = &zv::app::writeCommandLinePdf;
+#endif
     return zv::cli::run(args, std::cin, std::cout, std::cerr, env);
 }

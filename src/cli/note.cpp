@@ -1,6 +1,7 @@
 #include "cli/arguments.h"
 #include "cli/document_options.h"
 #include "cli/interest_options.h"
+#include "core/common/text_table.h"
 #include "core/documents/note_number.h"
 #include "platform/user_settings.h"
 
@@ -22,7 +23,9 @@ void readLinePair(const Invocation& call, std::string_view first, std::string_vi
 }  // namespace
 
 // The note as the window would print it: the chosen model's layout, the next note number and
-// the last parties, place and promise the window printed where no others are given.
+// the last parties, place and promise the window printed where no others are given. A note
+// written to PDF keeps its number, as a note the window prints does, so that no two notes share
+// one; parties, place and promise given here are for this note only.
 Outcome runNote(const Invocation& call) {
     double amount = 0;
     int model = 0;
@@ -70,8 +73,19 @@ Outcome runNote(const Invocation& call) {
     entry.due = due;
     entry.number = number.value_or(entry.number);
     const documents::Layout layout = documents::loadLayout(*store, documents::DocumentKind::Note, model);
-    printFields(call, *documents::fillNote(layout, entry, call.regional.separators));
-    return done();
+    std::vector<documents::FilledField> fields =
+        *documents::fillNote(layout, entry, call.regional.separators);
+    if (call.has("--fields")) {
+        printFields(call, fields);
+        return done();
+    }
+    const bool bold = call.has("--bold") || documents::savedBold(*store, documents::DocumentKind::Note);
+    const Outcome written =
+        writePdf(call, optionValue(call, "--pdf"), {{std::move(fields), bold}}, common::txt::kNoteTitle);
+    if (written.code == ExitCode::Done && !documents::saveNoteNumber(*store, entry.number)) {
+        return rejected(common::GetText(call.regional.language, common::txt::kSettingsNotWritten));
+    }
+    return written;
 }
 
 }  // namespace zv::cli

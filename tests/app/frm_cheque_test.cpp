@@ -197,6 +197,7 @@ private slots:
             SCOPED_TRACE(c.label);
             m_s->store.values.clear();
             m_s->dialogs.messages.clear();
+            m_s->dialogs.defaults.clear();
             QVERIFY(open());
             child<QCheckBox>(*m_w, "Check2")->setChecked(true);
             drag(field("txtFavorecido"), QPoint(5, 5), QPoint(10, 0));
@@ -204,6 +205,7 @@ private slots:
             m_s->dialogs.answers = c.answers;
             close();
             QCOMPARE(m_s->dialogs.messages.value(0), pt(txt::kSaveChangesQuestion, "Modelo 1"));
+            QVERIFY(m_s->dialogs.defaults.value(0, Answer::Yes) == Answer::No);  // Enter keeps the model
             QCOMPARE(setting("Cheque", "Banco"), c.saved);
             QCOMPARE(setting("Cheque", "txtFavorecidoL"), std::string(c.saved) == "(none)" ? "(none)" : "28");
             if (c.answers.value(0).trimmed().isEmpty() && c.reply == Answer::Yes) {
@@ -312,6 +314,16 @@ private slots:
             QStringList{pt(txt::kPayeeDeleteHint,
                            qPrintable(QDir::toNativeSeparators(m_s->data.filePath(u"favorecidos.txt"_s))))});
         QCOMPARE(list->count(), 2);
+    }
+
+    void layoutsBackupAsksUnderItsTitleAndWritesTheFile() {
+        QVERIFY(open());
+        m_s->dialogs.saveAs = m_s->data.filePath(u"BackupCheques.reg"_s);
+        click("cmdBackup");
+        QCOMPARE(m_s->dialogs.saveTitles, QStringList{pt(txt::kBackupDialogTitle)});
+        QFile backup(m_s->dialogs.saveAs);
+        QVERIFY(backup.open(QIODevice::ReadOnly));
+        QVERIFY(backup.readAll().startsWith("REGEDIT4\r\n"));
     }
 
     void enterMovesToTheNextFieldAndEscapeCloses() {

@@ -107,6 +107,20 @@ private slots:
         QCOMPARE(field("txtNumero")->text(), u"00002"_s);  // closing without printing uses no number
     }
 
+    // The program runs on the usual offscreen screen (800 pixels wide), and once more as
+    // app_note_narrow_screen_tests on a 640-pixel one (narrow_screen.json).
+    void aScreenNarrowerThanTheNoteIsTold() {
+        const std::pair<int, QStringList> cases[] = {{800, {}}, {640, {pt(txt::kScreenTooSmall)}}};
+        const int width = QGuiApplication::primaryScreen()->geometry().width();
+        const auto row = std::ranges::find(cases, width, [](const auto& c) { return c.first; });
+        if (row == std::end(cases)) {
+            QSKIP("a screen width without an expected outcome");
+        }
+        m_s->dialogs.messages.clear();
+        QVERIFY(open());
+        QCOMPARE(m_s->dialogs.messages, row->second);
+    }
+
     void savedLayoutIsWhereThePageIsPrinted() {
         m_s->store.write("Promissoria", "lblValorL", "600");
         m_s->store.write("Promissoria", "lblValorT", "40");

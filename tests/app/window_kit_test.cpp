@@ -103,18 +103,21 @@ private slots:
     }
 
     void questionButtonsSpeakTheLanguageAndCancelIsAnAnswer() {
+        using A = app::Dialogs::Answer;
         using B = app::Dialogs::Buttons;
         using M = QMessageBox;
         const char* const answers[] = {"Yes", "No", "Cancel"};
-        // Pressing NoButton presses Esc. Expected: the buttons' words, then the answer.
-        const std::tuple<const char*, L, B, M::StandardButton, QString> cases[] = {
-            {"Portuguese, yes", L::Portuguese, B::YesNo, M::Yes, u"&Sim &Não: Yes"_s},
-            {"English, cancel", L::English, B::YesNoCancel, M::Cancel, u"&Yes &No &Cancel: Cancel"_s},
-            {"Spanish, no", L::Spanish, B::YesNoCancel, M::No, u"&Sí &No &Cancelar: No"_s},
-            {"Esc", L::Portuguese, B::YesNoCancel, M::NoButton, u"&Sim &Não &Cancelar: Cancel"_s},
-            {"Esc, no cancel button", L::English, B::YesNo, M::NoButton, u"&Yes &No: No"_s},
+        // Pressing NoButton presses Esc, Ok presses Enter. Expected: the buttons' words, then the answer.
+        const std::tuple<const char*, L, B, A, M::StandardButton, QString> cases[] = {
+            {"Portuguese, yes", L::Portuguese, B::YesNo, A::Yes, M::Yes, u"&Sim &Não: Yes"_s},
+            {"English, cancel", L::English, B::YesNoCancel, A::Yes, M::Cancel, u"&Yes &No &Cancel: Cancel"_s},
+            {"Spanish, no", L::Spanish, B::YesNoCancel, A::Yes, M::No, u"&Sí &No &Cancelar: No"_s},
+            {"Esc", L::Portuguese, B::YesNoCancel, A::Yes, M::NoButton, u"&Sim &Não &Cancelar: Cancel"_s},
+            {"Esc, no cancel button", L::English, B::YesNo, A::Yes, M::NoButton, u"&Yes &No: No"_s},
+            {"Enter, yes by default", L::English, B::YesNo, A::Yes, M::Ok, u"&Yes &No: Yes"_s},
+            {"Enter, no by default", L::English, B::YesNo, A::No, M::Ok, u"&Yes &No: No"_s},
         };
-        for (const auto& [label, language, buttons, press, expected] : cases) {
+        for (const auto& [label, language, buttons, byDefault, press, expected] : cases) {
             m_s->language.set(language);
             QStringList shown;
             QTimer::singleShot(0, this, [&shown, press = press] {
@@ -124,9 +127,14 @@ private slots:
                         shown << button->text();
                     }
                 }
-                press == M::NoButton ? QTest::keyClick(box, Qt::Key_Escape) : box->button(press)->click();
+                if (press == M::NoButton || press == M::Ok) {
+                    QTest::keyClick(box, press == M::Ok ? Qt::Key_Return : Qt::Key_Escape);
+                } else {
+                    box->button(press)->click();
+                }
             });
-            const auto answer = app::DesktopDialogs(m_s->language).question(&m_owner, u"?"_s, buttons);
+            const auto answer =
+                app::DesktopDialogs(m_s->language).question(&m_owner, u"?"_s, buttons, byDefault);
             const QString got = shown.join(u' ') + u": "_s + QLatin1String(answers[static_cast<int>(answer)]);
             QVERIFY2(got == expected, qPrintable(label + u" gave "_s + got));
         }

@@ -115,5 +115,18 @@ TEST_F(DocumentCommands, ARefusedRestoreWritesNothing) {
     EXPECT_FALSE(std::filesystem::exists(m_dir / "Zavrello" / "Quorvati.ini"));
 }
 
+TEST_F(DocumentCommands, WithoutAPainterPdfIsRefusedAndNothingIsWritten) {
+    const std::string file = (m_dir / "c.pdf").string();
+    const Ran cheque = run({"cheque", "--amount", "5", "--pdf", file});
+    EXPECT_EQ(cheque.code, 1);
+    EXPECT_EQ(cheque.err, "this build of zavrello-cli cannot write PDF files\n");
+    const Ran plan =
+        run({"interest", "--initial", "100", "--count", "2", "--days", "30", "--rate", "1", "--notes", file});
+    EXPECT_EQ(plan.code, 1);
+    EXPECT_FALSE(std::filesystem::exists(file));
+    // Refused notes keep no number.
+    EXPECT_FALSE(std::filesystem::exists(m_dir / "Zavrello" / "Quorvati.ini"));
+}
+
 }  // namespace
 }  // namespace zv::cli

@@ -42,17 +42,21 @@ void DesktopDialogs::message(QWidget* parent, Icon icon, const QString& text) {
     }
 }
 
-Dialogs::Answer DesktopDialogs::question(QWidget* parent, const QString& text, Buttons buttons) {
+Dialogs::Answer DesktopDialogs::question(QWidget* parent, const QString& text, Buttons buttons,
+                                         Answer byDefault) {
     QMessageBox box(QMessageBox::Question, QStringLiteral(" Zavrello"), text, QMessageBox::NoButton, parent);
     const std::pair<QMessageBox::StandardButton, Answer> offered[] = {{QMessageBox::Yes, Answer::Yes},
                                                                       {QMessageBox::No, Answer::No},
                                                                       {QMessageBox::Cancel, Answer::Cancel}};
     for (const auto& [button, answer] : offered) {
         if (answer != Answer::Cancel || buttons == Buttons::YesNoCancel) {
-            box.addButton(button)->setText(buttonWord(m_language.current(), answer));
+            QPushButton* added = box.addButton(button);
+            added->setText(buttonWord(m_language.current(), answer));
+            if (answer == byDefault) {
+                box.setDefaultButton(added);
+            }
         }
     }
-    box.setDefaultButton(QMessageBox::Yes);
     switch (box.exec()) {
         case QMessageBox::Yes:
             return Answer::Yes;
@@ -82,8 +86,9 @@ std::optional<QString> DesktopDialogs::ask(QWidget* parent, const QString& title
     return dialog.textValue();
 }
 
-QString DesktopDialogs::saveFileName(QWidget* parent, const QString& filter, const QString& initialPath) {
-    QFileDialog dialog(parent, QString(), initialPath, filter);
+QString DesktopDialogs::saveFileName(QWidget* parent, const QString& title, const QString& filter,
+                                     const QString& initialPath) {
+    QFileDialog dialog(parent, title, initialPath, filter);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(QStringLiteral("txt"));
     return dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty()

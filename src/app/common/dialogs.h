@@ -19,12 +19,20 @@ public:
     virtual ~Dialogs() = default;
 
     virtual void message(QWidget* parent, Icon icon, const QString& text) = 0;
-    virtual Answer question(QWidget* parent, const QString& text, Buttons buttons) = 0;
+    // `byDefault` is the button Enter presses (Yes unless told).
+    virtual Answer question(QWidget* parent, const QString& text, Buttons buttons, Answer byDefault) = 0;
+    Answer question(QWidget* parent, const QString& text, Buttons buttons) {
+        return question(parent, text, buttons, Answer::Yes);
+    }
     // One line of text; nullopt when cancelled.
     virtual std::optional<QString> ask(QWidget* parent, const QString& title, const QString& prompt,
                                        const QString& initial) = 0;
-    // A file to save to; empty when cancelled.
-    virtual QString saveFileName(QWidget* parent, const QString& filter, const QString& initialPath) = 0;
+    // A file to save to; empty when cancelled. Without a title the system's own stands.
+    virtual QString saveFileName(QWidget* parent, const QString& title, const QString& filter,
+                                 const QString& initialPath) = 0;
+    QString saveFileName(QWidget* parent, const QString& filter, const QString& initialPath) {
+        return saveFileName(parent, QString(), filter, initialPath);
+    }
     // The print dialog, then a preview from which the user prints; `paint` draws the pages on
     // the printer it is given. False when the user gave up or printing failed.
     virtual bool print(QWidget* parent, QPrinter& printer, const std::function<bool(QPrinter&)>& paint) = 0;
@@ -40,11 +48,14 @@ class DesktopDialogs final : public Dialogs {
 public:
     explicit DesktopDialogs(const UiLanguage& language) : m_language(language) {}
 
+    using Dialogs::question;
+    using Dialogs::saveFileName;
     void message(QWidget* parent, Icon icon, const QString& text) override;
-    Answer question(QWidget* parent, const QString& text, Buttons buttons) override;
+    Answer question(QWidget* parent, const QString& text, Buttons buttons, Answer byDefault) override;
     std::optional<QString> ask(QWidget* parent, const QString& title, const QString& prompt,
                                const QString& initial) override;
-    QString saveFileName(QWidget* parent, const QString& filter, const QString& initialPath) override;
+    QString saveFileName(QWidget* parent, const QString& title, const QString& filter,
+                         const QString& initialPath) override;
     bool print(QWidget* parent, QPrinter& printer, const std::function<bool(QPrinter&)>& paint) override;
     bool openUrl(const QString& url) override;
 

@@ -186,9 +186,9 @@ void FrmCheque::cmdBackup_Click() {
     if (folder.isEmpty() || !QFileInfo(folder).isDir()) {
         folder = QDir::homePath();
     }
-    const QString path =
-        app().dialogs->saveFileName(this, text(txt::kRegistryFilter) + QStringLiteral(" (*.reg)"),
-                                    QDir(folder).filePath(QStringLiteral("BackupCheques.reg")));
+    const QString path = app().dialogs->saveFileName(
+        this, text(txt::kBackupDialogTitle), text(txt::kRegistryFilter) + QStringLiteral(" (*.reg)"),
+        QDir(folder).filePath(QStringLiteral("BackupCheques.reg")));
     if (path.isEmpty()) {
         return;
     }

@@ -430,8 +430,10 @@ void FrmDocumento::done(int result) {
     }
     m_closing = true;
     if (cmdSalvar->isEnabled()) {
-        const Dialogs::Answer answer = app().dialogs->question(
-            this, text(txt::kSaveChangesQuestion, cbModelo->currentText()), Dialogs::Buttons::YesNo);
+        // No is the default: Enter must not overwrite a saved model.
+        const Dialogs::Answer answer =
+            app().dialogs->question(this, text(txt::kSaveChangesQuestion, cbModelo->currentText()),
+                                    Dialogs::Buttons::YesNo, Dialogs::Answer::No);
         if (answer == Dialogs::Answer::Yes) {
             cmdSalvar_Click();
         }

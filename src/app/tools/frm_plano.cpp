@@ -334,36 +334,19 @@ void FrmPlano::printPlanDocuments(documents::DocumentKind kind) {
     }
     common::SettingsStore& store = *app().store;
     const common::NumberSeparators& seps = app().regional.separators;
-    // The first model, as the document windows open on it.
-    const documents::Layout layout = documents::loadLayout(store, kind, 0);
-    const bool bold = documents::savedBold(store, kind);
-    std::vector<PrintedDocument> pages;
-    long lastNumber = 0;
-    const auto add = [&](std::optional<std::vector<documents::FilledField>> fields) {
-        if (fields) {
-            pages.push_back({std::move(*fields), bold});
-        }
-        return fields.has_value();
-    };
-    bool filled = true;
-    if (kind == documents::DocumentKind::Note) {
-        for (const documents::NoteEntry& note :
-             documents::planNotes(m_rows, m_loanDay, documents::lastNoteEntry(store))) {
-            filled = filled && add(documents::fillNote(layout, note, seps));
-            lastNumber = note.number;
-        }
-    } else {
-        documents::ChequeEntry first = documents::lastChequeEntry(store);
-        for (const documents::ChequeEntry& cheque : documents::planCheques(m_rows, m_loanDay, first)) {
-            filled = filled && add(documents::fillCheque(layout, cheque, seps));
-        }
-    }
-    if (!filled || pages.empty()) {
+    const std::optional<documents::PlanPages> plan =
+        documents::fillPlanDocuments(store, kind, m_rows, m_loanDay, seps);
+    if (!plan) {
         // An instalment outside what a document can carry.
         app().dialogs->message(
             this, Dialogs::Icon::Warning,
             QString::fromStdString(documents::amountRangeMessage(captions().language(), seps)));
         return;
+    }
+    const bool bold = documents::savedBold(store, kind);
+    std::vector<PrintedDocument> pages;
+    for (const std::vector<documents::FilledField>& fields : plan->pages) {
+        pages.push_back({fields, bold});
     }
     QPrinter printer(QPrinter::HighResolution);
     printer.setDocName(windowTitle().trimmed());
@@ -387,7 +370,7 @@ void FrmPlano::printPlanDocuments(documents::DocumentKind kind) {
     }
     // The next note goes on from the last one printed.
     if (kind == documents::DocumentKind::Note) {
-        documents::saveNoteNumber(store, lastNumber);
+        documents::saveNoteNumber(store, plan->lastNumber);
     }
     app().dialogs->message(this, Dialogs::Icon::Information, text(common::txt::kSentToPrinter));
 }

@@ -39,4 +39,33 @@ std::vector<ChequeEntry> planCheques(const std::vector<tools::ScheduleRow>& rows
     return cheques;
 }
 
+std::optional<PlanPages> fillPlanDocuments(const common::SettingsStore& store, DocumentKind kind,
+                                           const std::vector<tools::ScheduleRow>& rows,
+                                           const common::Date& loanDay,
+                                           const common::NumberSeparators& seps) {
+    const Layout layout = loadLayout(store, kind, 0);
+    PlanPages plan;
+    const auto add = [&plan](std::optional<std::vector<FilledField>> fields) {
+        if (fields) {
+            plan.pages.push_back(std::move(*fields));
+        }
+        return fields.has_value();
+    };
+    bool filled = true;
+    if (kind == DocumentKind::Note) {
+        for (const NoteEntry& note : planNotes(rows, loanDay, lastNoteEntry(store))) {
+            filled = add(fillNote(layout, note, seps)) && filled;
+            plan.lastNumber = note.number;
+        }
+    } else {
+        for (const ChequeEntry& cheque : planCheques(rows, loanDay, lastChequeEntry(store))) {
+            filled = add(fillCheque(layout, cheque, seps)) && filled;
+        }
+    }
+    if (!filled || plan.pages.empty()) {
+        return std::nullopt;
+    }
+    return plan;
+}
+
 }  // namespace zv::documents
