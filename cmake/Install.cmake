@@ -65,7 +65,7 @@ set(CPACK_DEBIAN_PACKAGE_HOMEPAGE "https://www.zavrello.com.br")
 # platform plugins, without which the window cannot open.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS
-    "libfluidsynth3, timgm6mb-soundfont | sf2-soundfont-gm, qt6-translations-l10n, qt6-qpa-plugins")
+    "libfluidsynth3, timgm6mb-soundfont | sf2-soundfont-gm, qt6-translations-l10n, qt6-qpa-plugins, fonts-liberation")
 set(CPACK_STRIP_FILES ON)
 # Control files with the owners and modes Debian wants (lintian checks them).
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
