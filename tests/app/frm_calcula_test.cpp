@@ -288,6 +288,23 @@ private slots:
         QCOMPARE(m_w->calculator().total(), 1234.56 + 6 + 20 + 1);
     }
 
+    // The tape's copy keys copy the tape, and the monitor does not take that copy as numbers.
+    void copyFromTheTapeIsNotTakenByTheMonitor() {
+        type(u"10+20+"_s);
+        auto* view = child<app::TapeView>(*m_w, "txtFita");
+        QClipboard* clipboard = QGuiApplication::clipboard();
+        QTest::keyClick(view, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClick(view, Qt::Key_C, Qt::ControlModifier);
+        QCOMPARE(clipboard->text(), tape().replace(u"\r\n"_s, u"\n"_s).chopped(1));
+        view->selectBytes(static_cast<std::size_t>(tape().indexOf(u"20,00"_s)), 5);  // an amount alone
+        QTest::keyClick(view, Qt::Key_C, Qt::ControlModifier);
+        QCOMPARE(clipboard->text(), u"20,00"_s);
+        clipboard->setText(u"1"_s);
+        QTRY_COMPARE(m_w->calculator().counter(), 3);
+        QCOMPARE(m_w->calculator().total(), 31.0);
+        QCOMPARE(messages(), QStringList());
+    }
+
     void amountInWordsGoesToTheClipboard() {
         type(u"1234"_s);
         trigger("mnuExtenso");

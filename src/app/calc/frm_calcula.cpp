@@ -329,6 +329,9 @@ void FrmCalcula::buildWidgets() {
         }
         setFocus();
     });
+    // What the tape copies is the user's own tape, not numbers brought in for the monitor to add.
+    connect(txtFita, &TapeView::copying, this,
+            [this](const QString& copied) { m_ownClipboardText = copied; });
     txtFita->installEventFilter(this);
 
     const std::pair<QWidget*, int> accessibleNames[] = {{lblVisor0, txt::kDisplayName},

@@ -329,9 +329,11 @@ QString TapeView::selectedText() const {
         .replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
 }
 
-void TapeView::copy() const {
+void TapeView::copy() {
     if (m_anchor != m_cursor) {
-        QGuiApplication::clipboard()->setText(selectedText());
+        const QString text = selectedText();
+        emit copying(text);
+        QGuiApplication::clipboard()->setText(text);
     }
 }
 

@@ -34,7 +34,7 @@ public:
     // The selection, lines ended by LF as the clipboard takes them (the platform's clipboard
     // gives them the system's line ends).
     QString selectedText() const;
-    void copy() const;
+    void copy();
     // Keys the view answers itself rather than leaving them to the calculator: all while
     // editing, otherwise copy and select-all.
     bool takesKey(const QKeyEvent& event) const;
@@ -58,6 +58,8 @@ public:
 signals:
     // A line was double-clicked: its text.
     void lineActivated(const QString& line);
+    // The selection is about to go to the clipboard: the text it will hold.
+    void copying(const QString& text);
 
 protected:
     bool event(QEvent* event) override;
