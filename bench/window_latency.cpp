@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "app/calc/frm_calcula.h"
+#include "app/calc/tape_view.h"
 #include "app/common/dialogs.h"
 #include "app/common/qsettings_store.h"
 #include "app/common/ui_language.h"
@@ -78,11 +79,31 @@ int main(int argc, char** argv) {
             (*k == '+' ? lineKeys : digitKeys).push_back(ms);
         }
     }
+    // Across the whole tape: find on its first line, back to the newest, half of it up, and a
+    // double-click on a line, each until it is on screen.
+    auto* tape = window.findChild<zv::app::TapeView*>(QStringLiteral("txtFita"));
+    const auto timed = [](const auto& action) {
+        QElapsedTimer timer;
+        timer.start();
+        action();
+        QApplication::processEvents();
+        return static_cast<double>(timer.nsecsElapsed()) / 1e6;
+    };
+    const double findFirst = timed([&] { tape->selectBytes(0, 8); });
+    const double toEnd = timed([&] { tape->scrollToEnd(); });
+    const double halfUp = timed([&] { tape->scrollLines(-tapeLines / 2); });
+    const double doubleClick =
+        timed([&] { QTest::mouseDClick(tape->viewport(), Qt::LeftButton, {}, QPoint(40, 12)); });
+
     std::printf("tape lines: %d, pairs typed: %d, window with its tape up in %.0f ms\n", tapeLines, pairs,
                 loadMs);
     std::printf("key that writes a tape line: p50 %.3f ms, p99 %.3f ms, max %.3f ms\n",
                 percentile(lineKeys, 0.5), percentile(lineKeys, 0.99), percentile(lineKeys, 1.0));
     std::printf("digit key: p50 %.3f ms, p99 %.3f ms, max %.3f ms\n", percentile(digitKeys, 0.5),
                 percentile(digitKeys, 0.99), percentile(digitKeys, 1.0));
+    std::printf(
+        "find on the first line %.1f ms, back to the newest %.1f ms, half the tape up %.1f ms, "
+        "double-click %.1f ms\n",
+        findFirst, toEnd, halfUp, doubleClick);
     return window.calculator().counter() > 0 ? 0 : 1;
 }

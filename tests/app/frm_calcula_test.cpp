@@ -12,8 +12,6 @@
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QScrollBar>
-#include <QTextBlock>
-#include <QTextCursor>
 #include <QtTest>
 
 #include "app/calc/backup_viewer.h"
@@ -201,9 +199,8 @@ private slots:
         QTRY_COMPARE(m_w->width(), 900);
         QVERIFY2(key->width() <= keyWidth + 2, qPrintable(QString::number(key->width())));
         auto* view = child<app::TapeView>(*m_w, "txtFita");
-        QTextCursor end(view->document()->findBlockByNumber(0));
-        end.movePosition(QTextCursor::EndOfBlock);
-        const int lineEnd = view->viewport()->mapTo(m_w.get(), view->cursorRect(end).topLeft()).x();
+        const QRect end = view->cellRect(0, static_cast<int>(view->lineText(0).size()));
+        const int lineEnd = view->viewport()->mapTo(m_w.get(), end.topLeft()).x();
         auto* display = child<QLabel>(*m_w, "lblVisor0");
         const int displayEnd = display->mapTo(m_w.get(), display->rect().topRight()).x();
         const int slack =
@@ -294,6 +291,23 @@ private slots:
         QCOMPARE(m_w->calculator().total(), 1234.56 + 6 + 20 + 1);
     }
 
+    // The tape's copy keys copy the tape, and the monitor does not take that copy as numbers.
+    void copyFromTheTapeIsNotTakenByTheMonitor() {
+        type(u"10+20+"_s);
+        auto* view = child<app::TapeView>(*m_w, "txtFita");
+        QClipboard* clipboard = QGuiApplication::clipboard();
+        QTest::keyClick(view, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClick(view, Qt::Key_C, Qt::ControlModifier);
+        QCOMPARE(clipboard->text(), tape().replace(u"\r\n"_s, u"\n"_s).chopped(1));
+        view->selectBytes(static_cast<std::size_t>(tape().indexOf(u"20,00"_s)), 5);  // an amount alone
+        QTest::keyClick(view, Qt::Key_C, Qt::ControlModifier);
+        QCOMPARE(clipboard->text(), u"20,00"_s);
+        clipboard->setText(u"1"_s);
+        QTRY_COMPARE(m_w->calculator().counter(), 3);
+        QCOMPARE(m_w->calculator().total(), 31.0);
+        QCOMPARE(messages(), QStringList());
+    }
+
     void amountInWordsGoesToTheClipboard() {
         type(u"1234"_s);
         trigger("mnuExtenso");
@@ -328,7 +342,7 @@ private slots:
         type(u"10+20+"_s);
         m_s->dialogs.answers = {u"20,00"_s, u"nada"_s};
         trigger("mnuLocalizar");
-        QCOMPARE(view->textCursor().selectedText(), u"20,00"_s);
+        QCOMPARE(view->selectedText(), u"20,00"_s);
         trigger("mnuLocalizar");
         QCOMPARE(messages().last(), pt(txt::kFindEnd));
 
@@ -343,13 +357,14 @@ private slots:
         QTest::keyClick(m_w.get(), Qt::Key_Return);
         trigger("mnuEditar");
         const QString before = tape();
-        view->setPlainText(view->toPlainText().replace(u"   10,00 +"_s, u"   1O,00 +"_s));  // a letter O
+        view->editor()->setPlainText(
+            view->toPlainText().replace(u"   10,00 +"_s, u"   1O,00 +"_s));  // a letter O
         trigger("mnuEditar");
         QVERIFY(view->editing());  // pointed out, nothing taken
-        QCOMPARE(view->textCursor().selectedText(), u"                   1O,00 +"_s);
+        QCOMPARE(view->selectedText(), u"                   1O,00 +"_s);
         QCOMPARE(messages().last(), pt(txt::kEditNotAmount));
         QCOMPARE(tape(), before);
-        view->setPlainText(view->toPlainText().replace(u"1O,00 +"_s, u"15 +"_s));
+        view->editor()->setPlainText(view->toPlainText().replace(u"1O,00 +"_s, u"15 +"_s));
         trigger("mnuEditar");
         QVERIFY(!view->editing());
         QCOMPARE(m_w->calculator().total(), 35.0);

@@ -326,6 +326,9 @@ void FrmCalcula::buildWidgets() {
         }
         setFocus();
     });
+    // What the tape copies is the user's own tape, not numbers brought in for the monitor to add.
+    connect(txtFita, &TapeView::copying, this,
+            [this](const QString& copied) { m_ownClipboardText = copied; });
     txtFita->installEventFilter(this);
 
     const std::pair<QWidget*, int> accessibleNames[] = {{lblVisor0, txt::kDisplayName},
@@ -804,8 +807,10 @@ void FrmCalcula::keyPressEvent(QKeyEvent* event) {
 }
 
 bool FrmCalcula::eventFilter(QObject* watched, QEvent* event) {
-    // The tape takes the keyboard only while it is being edited; otherwise keys are the calculator's.
-    if (watched == txtFita && event->type() == QEvent::KeyPress && !txtFita->editing()) {
+    // The tape takes the keyboard while it is being edited, and its copy and select-all keys;
+    // otherwise keys are the calculator's.
+    if (watched == txtFita && event->type() == QEvent::KeyPress &&
+        !txtFita->takesKey(*static_cast<QKeyEvent*>(event))) {
         keyPressEvent(static_cast<QKeyEvent*>(event));
         return true;
     }
