@@ -120,11 +120,12 @@ FrmCalcula::FrmCalcula(const AppContext& app, CalcWindowContext context, QWidget
 
     // The tape of the last session, kept as it grows; a file that cannot be read is left alone.
     const std::filesystem::path tapePath = calc::tapeFilePath(m_app.dataFolder, m_ctx.tapeSuffix);
-    const std::optional<std::string> saved = calc::loadTape(tapePath);
-    m_calc.loadTape(saved.value_or(std::string()));
+    std::optional<std::string> saved = calc::loadTape(tapePath);
+    const bool readable = saved.has_value();
+    m_calc.loadTape(saved ? std::move(*saved) : std::string());
     txtFita->reset(m_calc.tape().text());
     m_tapeFile = std::make_unique<calc::TapeFile>(tapePath);
-    const bool fileOpen = saved.has_value() && m_tapeFile->open(m_calc.tape().text());
+    const bool fileOpen = readable && m_tapeFile->open(m_calc.tape().text());
     m_fanOut = std::make_unique<FanOutSink>(txtFita, fileOpen ? m_tapeFile.get() : nullptr);
     m_calc.setTapeSink(m_fanOut.get());
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -24,7 +25,7 @@ inline constexpr int kEnter = 13;
 
 enum class NumberFormat { Floating = 0, Fixed = 1, Numeral = 2 };
 enum class EnterAction { Plus, Equals };
-enum class TotalState { None, Struck, Error };  // the total label's tag: "", "T", "E"
+enum class TotalState : std::uint8_t { None, Struck, Error };  // the total label's tag: "", "T", "E"
 
 struct CalculatorOptions {
     NumberFormat format = NumberFormat::Floating;
@@ -102,7 +103,7 @@ public:
     void appendBlock(std::string_view text);
     void appendBlock(const TapeBlock& block) { appendBlock(block.text()); }
     // Replaces the tape (loaded from its file) and works the total out from it.
-    void loadTape(std::string_view text);
+    void loadTape(std::string text);
     // Takes the tape as the user edited it in place. Each amount line is aligned as the
     // calculator writes it, each total line is written again from the lines above it, and the
     // running total is worked out anew; one Undo takes the whole edit back. A line that looks

@@ -1,6 +1,7 @@
 #include "core/calc/tape.h"
 
 #include <cstdio>
+#include <cstring>
 
 #include "core/common/date.h"
 #include "core/common/text_encoding.h"
@@ -35,8 +36,9 @@ void Tape::replaceTail(std::size_t offset, std::string_view text) {
     }
 }
 
-void Tape::reset(std::string_view text) {
-    m_text = normaliseLineEnds(text);
+void Tape::reset(std::string text) {
+    normaliseLineEndsInPlace(text);
+    m_text = std::move(text);
     if (m_sink != nullptr) {
         m_sink->reset(m_text);
     }
@@ -97,6 +99,36 @@ std::string normaliseLineEnds(std::string_view text) {
         out.append(kLineEnd);
     }
     return out;
+}
+
+void normaliseLineEndsInPlace(std::string& text) {
+    // Normal: every LF follows a CR, there are as many CRs as LFs, and the text ends with CR LF.
+    // Looked for with memchr, which runs through a long tape many times faster than a loop
+    // over its characters.
+    const char* const begin = text.data();
+    const char* const end = begin + text.size();
+    bool normal = text.empty() || text.ends_with(kLineEnd);
+    std::size_t lineFeeds = 0;
+    for (const char* at = begin; normal && at < end;) {
+        const auto* lf = static_cast<const char*>(std::memchr(at, '\n', static_cast<std::size_t>(end - at)));
+        if (lf == nullptr) {
+            break;
+        }
+        normal = lf > begin && lf[-1] == '\r';
+        ++lineFeeds;
+        at = lf + 1;
+    }
+    std::size_t carriageReturns = 0;
+    for (const char* at = begin; normal && at < end; ++carriageReturns) {
+        const auto* cr = static_cast<const char*>(std::memchr(at, '\r', static_cast<std::size_t>(end - at)));
+        if (cr == nullptr) {
+            break;
+        }
+        at = cr + 1;
+    }
+    if (!normal || carriageReturns != lineFeeds) {
+        text = normaliseLineEnds(text);
+    }
 }
 
 std::string backupRecord(std::string_view tapeText, const common::DateTime& now) {

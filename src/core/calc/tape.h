@@ -30,8 +30,9 @@ public:
     void append(std::string_view text);
     // Replaces everything from `offset` (a line start) to the end with `text` (whole lines).
     void replaceTail(std::size_t offset, std::string_view text);
-    // Replaces the whole tape. Line ends are normalised to CR LF.
-    void reset(std::string_view text);
+    // Replaces the whole tape. Line ends are normalised to CR LF; text that has them already is
+    // taken as it is, not copied.
+    void reset(std::string text);
 
     // The last line without its line end, and where it starts; empty/0 on an empty tape.
     std::string_view lastLine() const;
@@ -51,6 +52,8 @@ private:
 
 // Tape text with every line end normalised to CR LF and a final line break added if missing.
 std::string normaliseLineEnds(std::string_view text);
+// The same in place: a text whose line ends are all CR LF already (the usual case) is left as it is.
+void normaliseLineEndsInPlace(std::string& text);
 
 // The record appended to the backup file when a tape is cleared: the tape, a line
 // "        BKP = hh:mm:ss hs." and the separator line.

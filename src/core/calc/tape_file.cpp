@@ -55,15 +55,18 @@ std::string_view withoutCutCharacter(std::string_view line) {
 // at a disk page, and one line damaged that way must not make every accented letter of the
 // other lines read as two Windows-1252 letters. Old Windows-1252 tapes still read right, since
 // their lines with a "×" or "÷" are not valid UTF-8.
-std::string decodeTapeBytes(std::string_view bytes) {
+std::string decodeTapeBytes(std::string&& file) {
     // Every mark, not just one: a tape that began with a second one would lose it each time it
     // is written back and read again, and would not read as the tape that was shown.
-    while (bytes.starts_with("\xEF\xBB\xBF")) {
-        bytes.remove_prefix(3);
+    std::size_t marks = 0;
+    while (std::string_view(file).substr(marks).starts_with("\xEF\xBB\xBF")) {
+        marks += 3;
     }
-    if (common::isValidUtf8(bytes)) {
-        return std::string(bytes);
+    if (common::isValidUtf8(std::string_view(file).substr(marks))) {
+        file.erase(0, marks);
+        return std::move(file);  // the usual case: the bytes are the text, not copied
     }
+    const std::string_view bytes = std::string_view(file).substr(marks);
     std::string text;
     text.reserve(bytes.size() + bytes.size() / 16);
     for (std::size_t start = 0; start < bytes.size();) {
@@ -97,8 +100,26 @@ bool fileHolds(const fs::path& path, std::string_view text) {
     if (ec || size != text.size()) {
         return false;
     }
-    const std::optional<std::string> bytes = common::readFileBytes(path);
-    return bytes && *bytes == text;
+    // Compared a piece at a time: the file is as long as the tape, and reading it whole would
+    // hold a second copy of it for nothing.
+    std::FILE* file = common::openFile(path, "rb");
+    if (file == nullptr) {
+        return false;
+    }
+    char chunk[64 * 1024];
+    std::size_t at = 0;
+    bool same = true;
+    while (same) {
+        const std::size_t n = std::fread(chunk, 1, sizeof chunk, file);
+        same = n <= text.size() - at && text.compare(at, n, std::string_view(chunk, n)) == 0;
+        at += n;
+        if (n < sizeof chunk) {
+            same = same && !std::ferror(file) && at == text.size();
+            break;
+        }
+    }
+    std::fclose(file);
+    return same;
 }
 
 }  // namespace
@@ -110,7 +131,7 @@ fs::path tapeFilePath(const fs::path& dataFolder, std::string_view suffix) {
 }
 
 std::optional<std::string> loadTape(const fs::path& path) {
-    const std::optional<std::string> bytes = common::readFileBytes(path);
+    std::optional<std::string> bytes = common::readFileBytes(path);
     if (!bytes) {
         std::error_code ec;
         if (fs::status(path, ec).type() == fs::file_type::not_found) {
@@ -118,8 +139,10 @@ std::optional<std::string> loadTape(const fs::path& path) {
         }
         return std::nullopt;
     }
-    const std::string text = decodeTapeBytes(*bytes);
-    return normaliseLineEnds(std::string_view(text).substr(0, keptLength(text)));
+    std::string text = decodeTapeBytes(std::move(*bytes));
+    text.resize(keptLength(text));
+    normaliseLineEndsInPlace(text);
+    return text;
 }
 
 TapeFile::TapeFile(fs::path path) : m_path(std::move(path)) {}

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -13,7 +14,7 @@ inline constexpr std::string_view kHeadingTail = " ==============";             
 inline constexpr std::size_t kAmountColumns = 24;
 
 // The operators of the adding machine, as their lines show them.
-enum class Operator { Plus, Minus, Times, Divide, Percent, Equals };
+enum class Operator : std::uint8_t { Plus, Minus, Times, Divide, Percent, Equals };
 
 // '+', '-', '*', '/', '%', '=' (the keys) to the operator; anything else gives nullopt.
 std::optional<Operator> operatorOfKey(int key);

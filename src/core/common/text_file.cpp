@@ -81,6 +81,8 @@ std::optional<std::string> readFileBytes(const fs::path& path) {
     std::error_code ec;
     const std::uintmax_t expected = fs::file_size(path, ec);
     if (!ec && expected > 0) {
+        // With room to grow: a tape read whole then takes its next lines without being copied.
+        bytes.reserve(static_cast<std::size_t>(expected) + 64 * 1024);
         bytes.resize(static_cast<std::size_t>(expected));
         bytes.resize(std::fread(bytes.data(), 1, bytes.size(), file.get()));
     }

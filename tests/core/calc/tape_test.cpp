@@ -24,6 +24,9 @@ TEST(TapeText, ResetNormalisesLineEnds) {
     const std::pair<const char*, const char*> cases[] = {
         {"a\r\nb\nc\rd", "a\r\nb\r\nc\r\nd\r\n"},  // mixed, last line unterminated
         {"a\n\nb\n", "a\r\n\r\nb\r\n"},            // empty lines kept
+        {"a\rb\r\n", "a\r\nb\r\n"},                // a lone CR among CR LF
+        {"a\r\r\n", "a\r\n\r\n"},                  // a CR before a CR LF
+        {"a\r\nb\r\n", "a\r\nb\r\n"},              // already whole: kept as it is
         {"", ""},
     };
     for (const auto& [in, out] : cases) {
