@@ -101,8 +101,9 @@ FrmCalcula::FrmCalcula(const AppContext& app, CalcWindowContext context, QWidget
       m_backup(m_app.dataFolder / std::string(calc::kBackupFileName)),
       m_calc(m_app.regional, calc::engineOptions(m_settings, m_ctx.timeMode),
              calc::CalculatorServices{m_app.clock, &m_backup}),
-      m_keySounds(m_ctx.makeMidi, m_ctx.beep ? m_ctx.beep : std::function<void()>([] { QApplication::beep(); }),
-                  this, [this] { midiFailed(); }),
+      m_keySounds(m_ctx.makeMidi,
+                  m_ctx.beep ? m_ctx.beep : std::function<void()>([] { QApplication::beep(); }), this,
+                  [this] { midiFailed(); }),
       m_tools(m_app, this) {
     setObjectName(QStringLiteral("frmCalcula"));
     setFocusPolicy(Qt::StrongFocus);
