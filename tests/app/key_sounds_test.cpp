@@ -56,6 +56,13 @@ class KeySoundsTest : public QObject {
         return std::make_unique<app::KeySounds>([this] { return m_synth.make(); }, [this] { ++m_beeps; },
                                                 &m_owner, [this] { ++m_failures; });
     }
+    // Musical sound chosen; the synthesizer's opening waits for `gate` when one is given.
+    std::unique_ptr<app::KeySounds> musical(std::promise<void>* gate = nullptr) {
+        m_synth.gate = gate != nullptr ? gate->get_future().share() : std::shared_future<void>{};
+        auto keys = sounds();
+        keys->choose(calc::KeySound::Musical, 0);
+        return keys;
+    }
 
 private slots:
     void init() {
@@ -68,9 +75,7 @@ private slots:
 
     void opensOffTheThreadAndPlaysTheNewestHeldKey() {
         std::promise<void> release;
-        m_synth.gate = release.get_future().share();
-        auto keys = sounds();
-        keys->choose(calc::KeySound::Musical, 19);
+        auto keys = musical(&release);
         QCOMPARE(m_synth.alive.load(), 0);  // nothing opened before a note is wanted
         keys->strike('1');
         keys->strike('2');  // struck while the synthesizer opens: held, the newest wins
@@ -82,7 +87,7 @@ private slots:
         QCOMPARE(m_synth.notes, (std::vector<int>{'2' + 36, '+' + 36}));
         QCOMPARE(m_beeps, 0);
         // Switching sounds off lets the synthesizer and its font go.
-        keys->choose(calc::KeySound::Beep, 19);
+        keys->choose(calc::KeySound::Beep, 0);
         QCOMPARE(m_synth.alive.load(), 0);
         keys->strike('3');
         QCOMPARE(m_beeps, 1);
@@ -90,9 +95,7 @@ private slots:
 
     void switchedOffWhileOpeningReleasesWhatArrives() {
         std::promise<void> release;
-        m_synth.gate = release.get_future().share();
-        auto keys = sounds();
-        keys->choose(calc::KeySound::Musical, 0);
+        auto keys = musical(&release);
         keys->strike('5');
         QTRY_COMPARE(m_synth.alive.load(), 1);  // the output is being opened
         keys->choose(calc::KeySound::None, 0);
@@ -111,8 +114,7 @@ private slots:
 
     void failureBeepsOnceForTheHeldKeysThenEveryKey() {
         m_synth.opens = false;
-        auto keys = sounds();
-        keys->choose(calc::KeySound::Musical, 0);
+        auto keys = musical();
         keys->strike('7');
         QTRY_COMPARE(m_failures, 1);
         QCOMPARE(m_beeps, 1);
@@ -125,9 +127,7 @@ private slots:
 
     void goneBeforeTheOpeningEndsLeavesNothingBehind() {
         std::promise<void> release;
-        m_synth.gate = release.get_future().share();
-        auto keys = sounds();
-        keys->choose(calc::KeySound::Musical, 0);
+        auto keys = musical(&release);
         keys->strike('1');
         std::thread later([&release] { release.set_value(); });
         keys.reset();  // waits for the opening
