@@ -15,24 +15,21 @@
 #include <algorithm>
 #include <cstring>
 
+#include "core/calc/tape_line.h"
+#include "core/common/text_encoding.h"
+
 namespace zv::app {
 namespace {
 
 // The gap between the frame and the text, the one a text document leaves.
 constexpr int kMargin = 4;
-constexpr std::string_view kLineEnd = "\r\n";
+using calc::kLineEnd;
 // How often a drag past the top or bottom edge scrolls one more line.
 constexpr int kDragScrollMs = 50;
 constexpr std::size_t kRoomToGrow = 64 * 1024;
 
 QString fromUtf8(std::string_view bytes) {
     return QString::fromUtf8(bytes.data(), static_cast<qsizetype>(bytes.size()));
-}
-
-int characters(std::string_view bytes) {
-    return static_cast<int>(std::count_if(bytes.begin(), bytes.end(), [](char c) {
-        return (static_cast<unsigned char>(c) & 0xC0) != 0x80;  // not a continuation byte
-    }));
 }
 
 // Tape text as a plain-text editor holds it: LF between lines, no final line break.
@@ -132,7 +129,7 @@ void TapeView::appendLines(std::size_t from) {
                                     ? all.find(kLineEnd, at)
                                     : static_cast<std::size_t>(lf - all.data()) - 1;
         const std::size_t textEnd = end == std::string_view::npos ? all.size() : end;
-        const int columns = characters(all.substr(at, textEnd - at));
+        const int columns = static_cast<int>(common::utf8Length(all.substr(at, textEnd - at)));
         m_lineStarts.push_back(at);
         m_lineColumns.push_back(columns);
         m_widest = std::max(m_widest, columns);
